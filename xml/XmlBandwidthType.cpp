@@ -1,0 +1,58 @@
+#include "XmlBandwidthType.h"
+
+#include "XmlKit.h"
+
+namespace KelXml {
+
+namespace {
+const QString defaultUnit = QStringLiteral("kHz");
+const double defaultBandwidth = -1.0;
+} // namespace
+
+XmlBandwidthType::XmlBandwidthType()
+    : XmlElementBase(QStringLiteral("XmlBandwidthType"))
+    , m_unit(defaultUnit)
+    , m_version(XmlKit::defaultVersion)
+    , m_bandwidth(defaultBandwidth)
+{}
+
+void XmlBandwidthType::processXml(QXmlStreamReader& reader, const QString& elementName)
+{
+    XmlElementReader in(*this, reader, elementName, XmlElementReader::TextWording);
+    if (!in.begin(m_version) || !in.readRequired(XmlKit::unitAttribute, m_unit))
+        return;
+    // Whole numbers only, widened to the double held.
+    in.readText([&](const QString& text) {
+        const auto value = in.parseInt(text);
+        m_bandwidth = value ? double(*value) : defaultBandwidth;
+    });
+}
+
+void XmlBandwidthType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
+{
+    XmlKit::writeValueElement(writer, elementName, m_version, m_unit,
+                              QString::number(m_bandwidth, 'g', 6));
+}
+
+void XmlBandwidthType::checkContent(XmlChecks& checks) const
+{
+    checks.version(supportsVersion(), m_version);
+    // Both messages carry the name of the precision class.
+    checks.expect(!(m_bandwidth < 0.0), QStringLiteral("XmlDfPrecisionType: Illegal precision."));
+    checks.expect(m_unit == defaultUnit, QStringLiteral("XmlDfPrecisionType: Illegal unit."));
+}
+
+void XmlBandwidthType::reset()
+{
+    m_unit = defaultUnit;
+    m_version = XmlKit::defaultVersion;
+    m_bandwidth = defaultBandwidth;
+    XmlElementBase::reset();
+}
+
+bool XmlBandwidthType::supportsVersion() const
+{
+    return XmlKit::isSupportedVersion(m_version);
+}
+
+} // namespace KelXml

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "XmlElementBase.h"
+
+namespace KelXml {
+
+// A bandwidth in kHz: <Name version="1.0" unit="kHz">25</Name>. Held as a
+// double, but read as a whole number: "12.5" is not numeric here.
+class KELXML_EXPORT XmlBandwidthType : public XmlElementBase
+{
+public:
+    XmlBandwidthType();
+
+    void processXml(QXmlStreamReader& reader, const QString& elementName) override;
+    void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
+    void reset() override;
+
+    double bandwidth_khz() const { return m_bandwidth; }
+    void setBandwidth(double bandwidth) { m_bandwidth = bandwidth; }
+    const QString& unit() const { return m_unit; }
+    QString version() const { return m_version; }
+    void setVersion(const QString& version) { m_version = version; }
+
+protected:
+    void checkContent(XmlChecks& checks) const override;
+
+private:
+    bool supportsVersion() const;
+
+    QString m_unit;
+    QString m_version;
+    double m_bandwidth;
+};
+
+} // namespace KelXml

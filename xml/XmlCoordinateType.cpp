@@ -1,0 +1,67 @@
+#include "XmlCoordinateType.h"
+
+#include "XmlKit.h"
+
+namespace KelXml {
+
+namespace {
+const QString longitudeElement = QStringLiteral("Longitude");
+const QString latitudeElement = QStringLiteral("Latitude");
+const double unset = -999.999;
+} // namespace
+
+XmlCoordinateType::XmlCoordinateType()
+    : XmlElementBase(QStringLiteral("XmlCoordinateType"))
+    , m_longitude(unset)
+    , m_latitude(unset)
+    , m_version(XmlKit::defaultVersion)
+{}
+
+void XmlCoordinateType::processXml(QXmlStreamReader& reader, const QString& elementName)
+{
+    XmlElementReader in(*this, reader, elementName, XmlElementReader::NamedWording);
+    if (!in.begin(m_version) || !in.checkVersion(m_version))
+        return;
+    // The texts are converted unchecked: a text that is not a number gives 0.
+    in.readChildren({
+        XmlChild::text(longitudeElement, [this](const QString& t) { m_longitude = t.toDouble(); }),
+        XmlChild::text(latitudeElement, [this](const QString& t) { m_latitude = t.toDouble(); }),
+    });
+}
+
+void XmlCoordinateType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
+{
+    XmlKit::writeStartElement(writer, elementName, m_version);
+    produceChildren(writer);
+    writer.writeEndElement();
+}
+
+void XmlCoordinateType::produceChildren(QXmlStreamWriter& writer) const
+{
+    writer.writeTextElement(longitudeElement, QString::number(m_longitude, 'f', 6));
+    writer.writeTextElement(latitudeElement, QString::number(m_latitude, 'f', 6));
+}
+
+void XmlCoordinateType::checkContent(XmlChecks& checks) const
+{
+    checks.version(supportsVersion(), m_version);
+    checks.expect(!(m_longitude < -180.0 || m_longitude > 180.0),
+                  QStringLiteral("Longitude out of bounds"));
+    checks.expect(!(m_latitude < -90.0 || m_latitude > 90.0),
+                  QStringLiteral("Latitude out of bounds"));
+}
+
+void XmlCoordinateType::reset()
+{
+    m_longitude = unset;
+    m_latitude = unset;
+    m_version = XmlKit::defaultVersion;
+    XmlElementBase::reset();
+}
+
+bool XmlCoordinateType::supportsVersion() const
+{
+    return XmlKit::isSupportedVersion(m_version);
+}
+
+} // namespace KelXml

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "XmlDBMType.h"
+#include "XmlListType.h"
+
+namespace KelXml {
+
+extern template class KELXML_EXPORT XmlListType<XmlDBMType>;
+
+// A non-empty list of levels in dBm, each member written as <dBm>.
+class KELXML_EXPORT XmlDBMListType : public XmlListType<XmlDBMType>
+{
+public:
+    XmlDBMListType();
+
+    const QList<XmlDBMType*>& dBmList() const { return members(); }
+    // Replaces the members with copies; the given objects stay the caller's.
+    void setDBMList(const QList<XmlDBMType*>& list) { setMembers(list); }
+};
+
+} // namespace KelXml

@@ -1,0 +1,56 @@
+#include "XmlDecibelType.h"
+
+#include "XmlKit.h"
+
+#include <cfloat>
+
+namespace KelXml {
+
+namespace {
+const QString unitWord = QStringLiteral("dB");
+const double defaultDecibel = -0.0;
+} // namespace
+
+XmlDecibelType::XmlDecibelType()
+    : XmlElementBase(QStringLiteral("XmlDecibelType"))
+    , m_unit(unitWord)
+    , m_version(XmlKit::defaultVersion)
+    , m_decibel(defaultDecibel)
+{}
+
+void XmlDecibelType::processXml(QXmlStreamReader& reader, const QString& elementName)
+{
+    XmlElementReader in(*this, reader, elementName, XmlElementReader::TextWording);
+    if (!in.begin(m_version))
+        return;
+    in.readText([&](const QString& text) { m_decibel = in.toDouble(text, defaultDecibel); });
+}
+
+void XmlDecibelType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
+{
+    XmlKit::writeValueElement(writer, elementName, m_version, m_unit,
+                              QString::number(m_decibel, 'f', 6));
+}
+
+void XmlDecibelType::checkContent(XmlChecks& checks) const
+{
+    checks.version(supportsVersion(), m_version);
+    // Zero and negative values fail the positive lower bound; NaN passes.
+    checks.expect(!(m_decibel <= DBL_MIN || m_decibel >= DBL_MAX),
+                  QStringLiteral("Illegal decibel."));
+}
+
+void XmlDecibelType::reset()
+{
+    m_unit = unitWord;
+    m_version = XmlKit::defaultVersion;
+    m_decibel = defaultDecibel;
+    XmlElementBase::reset();
+}
+
+bool XmlDecibelType::supportsVersion() const
+{
+    return XmlKit::isSupportedVersion(m_version);
+}
+
+} // namespace KelXml

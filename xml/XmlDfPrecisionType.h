@@ -1,0 +1,35 @@
+#pragma once
+
+#include "XmlElementBase.h"
+
+namespace KelXml {
+
+// The integer direction-finding precision:
+// <DFprecision version="1.0" unit="°">2</DFprecision>. -2 marks "not set".
+class KELXML_EXPORT XmlDfPrecisionType : public XmlElementBase
+{
+public:
+    XmlDfPrecisionType();
+
+    void processXml(QXmlStreamReader& reader, const QString& elementName) override;
+    void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
+    void reset() override;
+
+    int precision() const { return m_precision; }
+    void setPrecision(int precision) { m_precision = precision; }
+    const QString& unit() const { return m_unit; }
+    QString version() const { return m_version; }
+    void setVersion(const QString& version) { m_version = version; }
+
+protected:
+    void checkContent(XmlChecks& checks) const override;
+
+private:
+    bool supportsVersion() const;
+
+    QString m_unit;
+    QString m_version;
+    int m_precision;
+};
+
+} // namespace KelXml

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "XmlElementBase.h"
+
+namespace KelXml {
+
+// A field strength: <Name version="1.0" unit="dBm">-80.000000000000000</Name>.
+class KELXML_EXPORT XmlFieldstrengthType : public XmlElementBase
+{
+public:
+    XmlFieldstrengthType();
+
+    void processXml(QXmlStreamReader& reader, const QString& elementName) override;
+    void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
+    void reset() override;
+
+    double fieldstrength() const { return m_fieldstrength; }
+    void setFieldstrength(double fieldstrength) { m_fieldstrength = fieldstrength; }
+    const QString& unit() const { return m_unit; }
+    QString version() const { return m_version; }
+    void setVersion(const QString& version) { m_version = version; }
+
+protected:
+    void checkContent(XmlChecks& checks) const override;
+
+private:
+    bool supportsVersion() const;
+
+    QString m_unit;
+    QString m_version;
+    double m_fieldstrength;
+};
+
+} // namespace KelXml

@@ -1,0 +1,77 @@
+#include "XmlFreqType.h"
+
+#include "XmlKit.h"
+
+namespace KelXml {
+
+namespace {
+const QString hz = QStringLiteral("Hz");
+const QString khz = QStringLiteral("kHz");
+const QString mhz = QStringLiteral("MHz");
+const QString ghz = QStringLiteral("GHz");
+const double defaultFrequency = -9.9;
+} // namespace
+
+XmlFreqType::XmlFreqType()
+    : XmlElementBase(QStringLiteral("XmlFreqType"))
+    , m_unit(mhz)
+    , m_version(XmlKit::defaultVersion)
+    , m_frequency(defaultFrequency)
+{}
+
+void XmlFreqType::processXml(QXmlStreamReader& reader, const QString& elementName)
+{
+    XmlElementReader in(*this, reader, elementName, XmlElementReader::TextWording);
+    if (!in.begin(m_version) || !in.readRequired(XmlKit::unitAttribute, m_unit))
+        return;
+    in.readText([&](const QString& text) {
+        const auto value = in.parseDouble(text);
+        if (!value)
+            m_frequency = defaultFrequency;
+        else if (m_unit == hz)
+            m_frequency = *value * 1e-6;
+        else if (m_unit == khz)
+            m_frequency = *value * 0.001;
+        else if (m_unit == mhz)
+            m_frequency = *value;
+        else if (m_unit == ghz)
+            m_frequency = *value * 1000.0;
+        // A value in an unknown unit is not taken; the unit check reports it.
+    });
+}
+
+void XmlFreqType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
+{
+    double value = m_frequency;
+    if (m_unit == hz)
+        value *= 1000000.0;
+    else if (m_unit == khz)
+        value *= 1000.0;
+    else if (m_unit == ghz)
+        value *= 0.001;
+    XmlKit::writeValueElement(writer, elementName, m_version, m_unit,
+                              QString::number(value, 'f', 6));
+}
+
+void XmlFreqType::checkContent(XmlChecks& checks) const
+{
+    checks.version(supportsVersion(), m_version);
+    checks.expect(!(m_frequency <= 0.0), QStringLiteral("Illegal frequency."));
+    checks.expect(m_unit == hz || m_unit == khz || m_unit == mhz || m_unit == ghz,
+                  QStringLiteral("Illegal unit."));
+}
+
+void XmlFreqType::reset()
+{
+    m_unit = mhz;
+    m_version = XmlKit::defaultVersion;
+    m_frequency = defaultFrequency;
+    XmlElementBase::reset();
+}
+
+bool XmlFreqType::supportsVersion() const
+{
+    return XmlKit::isSupportedVersion(m_version);
+}
+
+} // namespace KelXml

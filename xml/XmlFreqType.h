@@ -1,0 +1,38 @@
+#pragma once
+
+#include "XmlElementBase.h"
+
+namespace KelXml {
+
+// A frequency: <Name version="1.0" unit="kHz">2400.000000</Name>. The value
+// is held in MHz whatever the unit; reading converts the text from the unit
+// of the element, writing converts back into the unit held.
+class KELXML_EXPORT XmlFreqType : public XmlElementBase
+{
+public:
+    XmlFreqType();
+
+    void processXml(QXmlStreamReader& reader, const QString& elementName) override;
+    void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
+    void reset() override;
+
+    double frequency_MHz() const { return m_frequency; }
+    // Takes megahertz whatever the unit says.
+    void setFrequency_MHz(double frequency) { m_frequency = frequency; }
+    const QString& unit() const { return m_unit; }
+    void setUnit(const QString& unit) { m_unit = unit; }
+    QString version() const { return m_version; }
+    void setVersion(const QString& version) { m_version = version; }
+
+protected:
+    void checkContent(XmlChecks& checks) const override;
+
+private:
+    bool supportsVersion() const;
+
+    QString m_unit;
+    QString m_version;
+    double m_frequency;
+};
+
+} // namespace KelXml

@@ -1,0 +1,35 @@
+#include "XmlKeyType.h"
+
+#include "XmlKit.h"
+
+namespace KelXml {
+
+XmlKeyType::XmlKeyType()
+    : XmlElementBase(QStringLiteral("XmlKeyType"))
+    , m_key(0)
+{}
+
+void XmlKeyType::processXml(QXmlStreamReader& reader, const QString& elementName)
+{
+    // No position check and no attributes: the loop starts at the next token.
+    XmlElementReader in(*this, reader, elementName, XmlElementReader::TextWording);
+    in.readText([&](const QString& text) { m_key = in.toInt(text, 0); });
+}
+
+void XmlKeyType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
+{
+    writer.writeTextElement(elementName, QString::number(m_key));
+}
+
+void XmlKeyType::checkContent(XmlChecks& checks) const
+{
+    checks.expect(!(m_key < 0), QStringLiteral("XmlMapType: Illegal Key."));
+}
+
+void XmlKeyType::reset()
+{
+    m_key = 0;
+    XmlElementBase::reset();
+}
+
+} // namespace KelXml

@@ -1,0 +1,201 @@
+#pragma once
+
+// The reading kit that the element classes share: the token loop with its
+// standard messages, start-tag and attribute handling, child-order
+// bookkeeping, numeric text, and the common write steps. Internal to the
+// library; not installed.
+
+#include "XmlElementBase.h"
+#include "XmlOwned.h"
+
+#include <QString>
+#include <QXmlStreamReader>
+#include <QXmlStreamWriter>
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+namespace KelXml {
+
+namespace XmlKit {
+
+// Names and values that the whole vocabulary shares.
+extern const QString versionAttribute; // "version"
+extern const QString unitAttribute;    // "unit"
+extern const QString defaultVersion;   // "1.0", the only supported version
+
+inline bool isSupportedVersion(const QString& version)
+{
+    return version == defaultVersion;
+}
+
+// Writes <name version="..." unit="...">text</name>, the attributes as one set.
+void writeValueElement(QXmlStreamWriter& writer, const QString& name, const QString& version,
+                       const QString& unit, const QString& text);
+// Writes <name version="...">text</name>.
+void writeValueElement(QXmlStreamWriter& writer, const QString& name, const QString& version,
+                       const QString& text);
+// Writes the start tag of an element with children and its version attribute.
+void writeStartElement(QXmlStreamWriter& writer, const QString& name, const QString& version);
+
+} // namespace XmlKit
+
+// One child element in a class's fixed order, with what reading it does.
+class XmlChild
+{
+public:
+    using Read = std::function<void(QXmlStreamReader& reader, const QString& name)>;
+
+    XmlChild(const QString& name, Read read)
+        : m_name(name)
+        , m_read(std::move(read))
+    {}
+
+    // A child object that is always there.
+    static XmlChild object(const QString& name, IXmlElement& child)
+    {
+        return XmlChild(name, [&child](QXmlStreamReader& reader, const QString& childName) {
+            child.processXml(reader, childName);
+        });
+    }
+    // A child object allocated with its defaults when it is first read.
+    template <class T>
+    static XmlChild created(const QString& name, XmlOwnedPtr<T>& child)
+    {
+        return XmlChild(name, [&child](QXmlStreamReader& reader, const QString& childName) {
+            child.ensure().processXml(reader, childName);
+        });
+    }
+    // A repeated child: each occurrence is appended to the list as a new
+    // member, which stays there even when its reading fails.
+    template <class T>
+    static XmlChild appended(const QString& name, XmlOwnedList<T>& list)
+    {
+        return XmlChild(name,
+                        [&list](QXmlStreamReader& reader, const QString& childName) {
+                            list.appendNew()->processXml(reader, childName);
+                        })
+            .repeated();
+    }
+    // A child holding plain text, taken whole with readElementText().
+    static XmlChild text(const QString& name, std::function<void(const QString&)> take)
+    {
+        return XmlChild(name, [take = std::move(take)](QXmlStreamReader& reader, const QString&) {
+            take(reader.readElementText());
+        });
+    }
+
+    // The element may end without this child.
+    XmlChild optional() const
+    {
+        XmlChild copy(*this);
+        copy.m_required = false;
+        return copy;
+    }
+    // The child may stand several times in a row.
+    XmlChild repeated() const
+    {
+        XmlChild copy(*this);
+        copy.m_repeated = true;
+        return copy;
+    }
+
+    const QString& name() const { return m_name; }
+    bool isRequired() const { return m_required; }
+    bool isRepeated() const { return m_repeated; }
+    void read(QXmlStreamReader& reader) const { m_read(reader, m_name); }
+
+private:
+    QString m_name;
+    Read m_read;
+    bool m_required = true;
+    bool m_repeated = false;
+};
+
+// Reads one element for an element object: raises its located errors and runs
+// the token loop that every class shares.
+class XmlElementReader
+{
+public:
+    // How a class words a start or end tag that it refuses.
+    enum Wording
+    {
+        // "Unexpected token \"StartElement\"", "Unexpected token \"EndElement\""
+        TextWording,
+        // "Unexpected element \"<tag>\"", "Unexpected token \"EndElement\""
+        ElementWording,
+        // "Unexpected token \"StartElement\": <tag>", "Unexpected token \"EndElement\": <tag>"
+        NamedWording,
+    };
+
+    // What a class does with the tokens of its element. Unset handlers refuse
+    // every start tag, end on the own end tag, refuse foreign end tags and
+    // ignore character data.
+    struct Handlers
+    {
+        // A start tag inside the element; true when it was taken.
+        std::function<bool(const QString& name)> start;
+        // The element's own end tag; true when the element may end here.
+        std::function<bool()> mayEnd;
+        // An end tag of another name; true when it passes silently.
+        std::function<bool(const QString& name)> passEnd;
+        // Character data, whitespace included.
+        std::function<void(const QString& text)> text;
+    };
+
+    XmlElementReader(XmlElementBase& element, QXmlStreamReader& reader, const QString& elementName,
+                     Wording wording);
+
+    QXmlStreamReader& reader() const { return m_reader; }
+    const QString& elementName() const { return m_elementName; }
+    bool failed() const { return m_reader.hasError(); }
+
+    // Raises a located error for the element, unless the reader already
+    // carries one: the first error is the one reported.
+    void fail(const QString& message);
+
+    // True when the current token is a start tag; otherwise raises
+    // "Parse error (wrong position)".
+    bool atStartTag();
+    // The common opening: the version becomes "1.0", the position is checked
+    // and a non-empty version attribute is taken. False after an error.
+    bool begin(QString& version);
+    // Takes a non-empty version attribute of the current start tag.
+    void readVersion(QString& version) const;
+    // Takes a required attribute; absent or empty raises
+    // "Missing attribute: \"<name>\"" and leaves the value as it was.
+    bool readRequired(const QString& attribute, QString& value);
+    // Raises "Version not supported: <version>" for any version but "1.0".
+    bool checkVersion(const QString& version);
+
+    // Converts numeric text; on failure raises
+    // "Illegal value (must be numeric)" and gives nothing.
+    std::optional<double> parseDouble(const QString& text);
+    std::optional<int> parseInt(const QString& text);
+    double toDouble(const QString& text, double fallback)
+    {
+        return parseDouble(text).value_or(fallback);
+    }
+    int toInt(const QString& text, int fallback) { return parseInt(text).value_or(fallback); }
+
+    // The token loop, up to and including the element's end tag.
+    void run(const Handlers& handlers);
+    // The loop of a text-valued element: every start tag is refused and each
+    // piece of character data is handed over.
+    void readText(const std::function<void(const QString& text)>& take);
+    // The loop of an element with children in a fixed order: a child is taken
+    // at most once (unless repeated) and only while no later child has been
+    // read; the own end tag ends the element once every required child has
+    // been read and the extra condition, if any, holds.
+    void readChildren(const std::vector<XmlChild>& children,
+                      const std::function<bool()>& complete = {});
+
+private:
+    XmlElementBase& m_element;
+    QXmlStreamReader& m_reader;
+    const QString& m_elementName;
+    Wording m_wording;
+};
+
+} // namespace KelXml

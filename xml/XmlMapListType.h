@@ -1,0 +1,21 @@
+#pragma once
+
+#include "XmlListType.h"
+#include "XmlMapType.h"
+
+namespace KelXml {
+
+extern template class KELXML_EXPORT XmlListType<XmlMapType>;
+
+// A non-empty key/length map, each entry written as <Map>.
+class KELXML_EXPORT XmlMapListType : public XmlListType<XmlMapType>
+{
+public:
+    XmlMapListType();
+
+    const QList<XmlMapType*>& mapList() const { return members(); }
+    // Replaces the entries with copies; the given objects stay the caller's.
+    void setMapList(const QList<XmlMapType*>& list) { setMembers(list); }
+};
+
+} // namespace KelXml

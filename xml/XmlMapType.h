@@ -1,0 +1,47 @@
+#pragma once
+
+#include "XmlElementBase.h"
+#include "XmlKeyType.h"
+#include "XmlLengthType.h"
+#include "XmlOwned.h"
+
+namespace KelXml {
+
+// One entry of a key/length map:
+// <Map version="1.0"><Key>7</Key><Value version="1.0" unit="m">25</Value></Map>.
+//
+// The writer puts the length twice, under "Key" and under "Value", and never
+// the key; isValid() ignores the key while syntaxError() reports it.
+//
+// reset() deletes both children: key() and value() are null afterwards. Such
+// an entry can still be read into (the children are created again), written
+// (without children), checked (it is invalid) and copied.
+class KELXML_EXPORT XmlMapType : public XmlElementBase
+{
+public:
+    XmlMapType();
+
+    void processXml(QXmlStreamReader& reader, const QString& elementName) override;
+    void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
+    bool isValid() const override;
+    void reset() override;
+
+    const XmlKeyType* key() const { return m_key.get(); }
+    void setKey(const XmlKeyType& key) { m_key.assign(key); }
+    const XmlLengthType* value() const { return m_value.get(); }
+    void setValue(const XmlLengthType& value) { m_value.assign(value); }
+    QString version() const { return m_version; }
+    void setVersion(const QString& version) { m_version = version; }
+
+protected:
+    void checkContent(XmlChecks& checks) const override;
+
+private:
+    bool supportsVersion() const;
+
+    XmlOwnedPtr<XmlKeyType> m_key;
+    XmlOwnedPtr<XmlLengthType> m_value;
+    QString m_version;
+};
+
+} // namespace KelXml

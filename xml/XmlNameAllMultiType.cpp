@@ -1,0 +1,83 @@
+#include "XmlNameAllMultiType.h"
+
+#include "XmlKit.h"
+
+namespace KelXml {
+
+namespace {
+const QString allElement = QStringLiteral("All");
+const QString nameElement = QStringLiteral("Name");
+} // namespace
+
+XmlNameAllMultiType::XmlNameAllMultiType()
+    : XmlElementBase(QStringLiteral("XmlNameAllMultiType"))
+    , m_initialized(false)
+{}
+
+void XmlNameAllMultiType::setAll()
+{
+    m_initialized = true;
+    m_names.clear();
+}
+
+void XmlNameAllMultiType::setObjNames(const QList<XmlObjNameType*>& names)
+{
+    m_names.assignCopies(names);
+    m_initialized = true;
+}
+
+void XmlNameAllMultiType::processXml(QXmlStreamReader& reader, const QString& elementName)
+{
+    // No position check and no attributes; the names held are kept and the
+    // names read are appended. Either "All" or any number of "Name".
+    XmlElementReader in(*this, reader, elementName, XmlElementReader::ElementWording);
+    bool sawAll = false;
+    bool sawName = false;
+    XmlElementReader::Handlers handlers;
+    handlers.start = [&](const QString& name) {
+        if (name == allElement && !sawAll && !sawName) {
+            m_names.clear();
+            sawAll = true;
+            return true;
+        }
+        if (name == nameElement && !sawAll) {
+            m_names.appendNew()->processXml(reader, nameElement);
+            sawName = true;
+            return true;
+        }
+        return false;
+    };
+    handlers.passEnd = [](const QString& name) { return name == allElement; };
+    handlers.mayEnd = [&]() {
+        const bool chosen = sawAll || sawName;
+        if (chosen)
+            m_initialized = true;
+        return chosen;
+    };
+    in.run(handlers);
+}
+
+void XmlNameAllMultiType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
+{
+    writer.writeStartElement(elementName);
+    if (m_names.isEmpty())
+        writer.writeEmptyElement(allElement);
+    for (const XmlObjNameType* name : m_names.list())
+        name->produceXml(writer, nameElement);
+    writer.writeEndElement();
+}
+
+void XmlNameAllMultiType::checkContent(XmlChecks& checks) const
+{
+    checks.expect(m_initialized, QStringLiteral("Uninitialized."));
+    checks.children(m_names.list());
+}
+
+void XmlNameAllMultiType::reset()
+{
+    m_initialized = false;
+    m_names.clear();
+    XmlElementBase::reset();
+}
+
+} // namespace KelXml

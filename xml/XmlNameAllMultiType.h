@@ -1,0 +1,35 @@
+#pragma once
+
+#include "XmlElementBase.h"
+#include "XmlObjNameType.h"
+#include "XmlOwned.h"
+
+namespace KelXml {
+
+// Selects all objects of a kind or a list of named ones:
+// <Sel><All/></Sel> or <Sel><Name>A</Name><Name>B</Name></Sel>.
+// No version. Reading appends the names read to those already held.
+class KELXML_EXPORT XmlNameAllMultiType : public XmlElementBase
+{
+public:
+    XmlNameAllMultiType();
+
+    void processXml(QXmlStreamReader& reader, const QString& elementName) override;
+    void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
+    void reset() override;
+
+    bool all() const { return m_names.isEmpty(); }
+    void setAll();
+    const QList<XmlObjNameType*>& objNames() const { return m_names.list(); }
+    // Replaces the names with copies; the given objects stay the caller's.
+    void setObjNames(const QList<XmlObjNameType*>& names);
+
+protected:
+    void checkContent(XmlChecks& checks) const override;
+
+private:
+    XmlOwnedList<XmlObjNameType> m_names;
+    bool m_initialized;
+};
+
+} // namespace KelXml

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "XmlElementBase.h"
+#include "XmlObjNameType.h"
+#include "XmlOwned.h"
+
+namespace KelXml {
+
+// Selects all objects of a kind or one named object:
+// <Sel><All/></Sel> or <Sel><Name>Station 1</Name></Sel>.
+// No version. A new or reset selection is uninitialized, and then reports
+// all() as true while being invalid.
+class KELXML_EXPORT XmlNameAllType : public XmlElementBase
+{
+public:
+    XmlNameAllType();
+
+    void processXml(QXmlStreamReader& reader, const QString& elementName) override;
+    void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
+    void reset() override;
+
+    bool all() const { return !m_name; }
+    bool hasObjName() const { return bool(m_name); }
+    const XmlObjNameType* objName() const { return m_name.get(); }
+    void setAll();
+    void setObjName(const XmlObjNameType& name);
+
+protected:
+    void checkContent(XmlChecks& checks) const override;
+
+private:
+    XmlOwnedPtr<XmlObjNameType> m_name;
+    bool m_initialized;
+};
+
+} // namespace KelXml

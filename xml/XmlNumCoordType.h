@@ -1,0 +1,29 @@
+#pragma once
+
+#include "XmlCoordinateType.h"
+
+namespace KelXml {
+
+// A numbered position, such as a polygon vertex:
+// <Name version="1.0" number="3"><Longitude>..</Longitude><Latitude>..</Latitude></Name>.
+// It keeps the class name of its base: its messages name "XmlCoordinateType".
+class KELXML_EXPORT XmlNumCoordType : public XmlCoordinateType
+{
+public:
+    XmlNumCoordType();
+
+    void processXml(QXmlStreamReader& reader, const QString& elementName) override;
+    void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
+    void reset() override;
+
+    int number() const { return m_number; }
+    void setNumber(int number) { m_number = number; }
+
+protected:
+    void checkContent(XmlChecks& checks) const override;
+
+private:
+    int m_number;
+};
+
+} // namespace KelXml

@@ -1,0 +1,35 @@
+#include "XmlObjNameType.h"
+
+#include "XmlKit.h"
+
+namespace KelXml {
+
+XmlObjNameType::XmlObjNameType()
+    : XmlElementBase(QStringLiteral("XmlObjNameType"))
+{}
+
+void XmlObjNameType::processXml(QXmlStreamReader& reader, const QString& elementName)
+{
+    // No position check; each piece of text replaces the name, whitespace included.
+    XmlElementReader in(*this, reader, elementName, XmlElementReader::TextWording);
+    in.readText([this](const QString& text) { m_name = text; });
+}
+
+void XmlObjNameType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
+{
+    writer.writeTextElement(elementName, m_name);
+}
+
+void XmlObjNameType::checkContent(XmlChecks& checks) const
+{
+    checks.expect(!m_name.isEmpty(), QStringLiteral("Object name too short (min. 1)."));
+    checks.expect(m_name.size() <= 128, QStringLiteral("Object name too long (max. 128)"));
+}
+
+void XmlObjNameType::reset()
+{
+    m_name.clear();
+    XmlElementBase::reset();
+}
+
+} // namespace KelXml

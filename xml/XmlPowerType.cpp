@@ -1,0 +1,53 @@
+#include "XmlPowerType.h"
+
+#include "XmlKit.h"
+
+namespace KelXml {
+
+namespace {
+const QString defaultUnit = QStringLiteral("W");
+const double defaultPower = -9.9;
+} // namespace
+
+XmlPowerType::XmlPowerType()
+    : XmlElementBase(QStringLiteral("XmlPowerType"))
+    , m_unit(defaultUnit)
+    , m_version(XmlKit::defaultVersion)
+    , m_power(defaultPower)
+{}
+
+void XmlPowerType::processXml(QXmlStreamReader& reader, const QString& elementName)
+{
+    XmlElementReader in(*this, reader, elementName, XmlElementReader::TextWording);
+    if (!in.begin(m_version) || !in.readRequired(XmlKit::unitAttribute, m_unit))
+        return;
+    in.readText([&](const QString& text) { m_power = in.toDouble(text, defaultPower); });
+}
+
+void XmlPowerType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
+{
+    XmlKit::writeValueElement(writer, elementName, m_version, m_unit,
+                              QString::number(m_power, 'f', 15));
+}
+
+void XmlPowerType::checkContent(XmlChecks& checks) const
+{
+    checks.version(supportsVersion(), m_version);
+    checks.expect(!(m_power < -60.0), QStringLiteral("Illegal power."));
+    checks.expect(m_unit == defaultUnit, QStringLiteral("Illegal unit."));
+}
+
+void XmlPowerType::reset()
+{
+    m_unit = defaultUnit;
+    m_version = XmlKit::defaultVersion;
+    m_power = defaultPower;
+    XmlElementBase::reset();
+}
+
+bool XmlPowerType::supportsVersion() const
+{
+    return XmlKit::isSupportedVersion(m_version);
+}
+
+} // namespace KelXml

@@ -1,0 +1,35 @@
+#include "XmlReferenceType.h"
+
+#include "XmlKit.h"
+
+namespace KelXml {
+
+XmlReferenceType::XmlReferenceType()
+    : XmlElementBase(QStringLiteral("XmlreferenceType"))
+{}
+
+void XmlReferenceType::processXml(QXmlStreamReader& reader, const QString& elementName)
+{
+    // No position check; each piece of text replaces the reference.
+    XmlElementReader in(*this, reader, elementName, XmlElementReader::TextWording);
+    in.readText([this](const QString& text) { m_reference = text; });
+}
+
+void XmlReferenceType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
+{
+    writer.writeTextElement(elementName, m_reference);
+}
+
+void XmlReferenceType::checkContent(XmlChecks& checks) const
+{
+    checks.expect(!m_reference.isEmpty(), QStringLiteral("String too short (min. 1)"));
+    checks.expect(m_reference.size() <= 50, QStringLiteral("String too long (max. 50)"));
+}
+
+void XmlReferenceType::reset()
+{
+    m_reference.clear();
+    XmlElementBase::reset();
+}
+
+} // namespace KelXml
