@@ -1,0 +1,34 @@
+#pragma once
+
+#include "IXmlElement.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+
+namespace KelXml {
+
+// The element classes of the library by name, for programs that choose a
+// class at run time (such as the kelxml tool). Document roots also answer to
+// a short alias.
+class KELXML_EXPORT XmlElementRegistry
+{
+public:
+    struct Entry
+    {
+        QString className;
+        QString alias;   // empty when the class has none
+        QString summary; // one line saying what the element holds
+    };
+
+    // Every class, in the order of the vocabulary.
+    static QList<Entry> entries();
+    static QStringList classNames();
+    // The class that a class name or alias stands for; empty when unknown.
+    static QString resolve(const QString& nameOrAlias);
+    // A new object of that class with its defaults; null when unknown.
+    static std::unique_ptr<IXmlElement> create(const QString& nameOrAlias);
+};
+
+} // namespace KelXml
