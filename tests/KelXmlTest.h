@@ -1,0 +1,55 @@
+#pragma once
+
+// Helpers shared by the test suites: read an element from a string the way a
+// parent would, and write one to a string.
+
+#include <IXmlElement.h>
+
+#include <QString>
+#include <QStringList>
+#include <QXmlStreamReader>
+#include <QXmlStreamWriter>
+
+namespace KelXmlTest {
+
+// Positions a reader on the first start tag of xml and lets the element read
+// it under the tag's own name (or under elementName when given). Returns the
+// reader's error text, empty when the element was read cleanly.
+inline QString read(KelXml::IXmlElement& element, const QString& xml,
+                    const QString& elementName = QString())
+{
+    QXmlStreamReader reader(xml);
+    while (!reader.atEnd() && reader.readNext() != QXmlStreamReader::StartElement) {
+    }
+    element.processXml(reader, elementName.isNull() ? reader.name().toString() : elementName);
+    return reader.hasError() ? reader.errorString() : QString();
+}
+
+// The element written under the given name, without an XML declaration.
+inline QString write(const KelXml::IXmlElement& element, const QString& elementName)
+{
+    QString out;
+    QXmlStreamWriter writer(&out);
+    element.produceXml(writer, elementName);
+    return out;
+}
+
+// The located reader error that an element of the named class raises.
+inline QString located(const QString& classname, int line, int column, const QString& message)
+{
+    return QStringLiteral("in %1 (line %2, column %3): %4.")
+        .arg(classname)
+        .arg(line)
+        .arg(column)
+        .arg(message);
+}
+
+// The report block of an element of the named class holding the given
+// messages, one per line, as syntaxError() returns it.
+inline QString block(const QString& classname, const QStringList& messages)
+{
+    return QStringLiteral("+++ in %1 Begin:\n%2\n--- in %1 End")
+        .arg(classname, messages.join(QLatin1Char('\n')));
+}
+
+} // namespace KelXmlTest
