@@ -1,0 +1,80 @@
+#!/usr/bin/env bash
+# Sets up a Debian 12 machine for KelXml, builds it and runs it.
+#
+#   ./build.sh examples   install what is missing, build with Qt 5, check the samples
+#   ./build.sh test       install what is missing, build and run every test with Qt 5 and Qt 6
+#   ./build.sh asan       the tests built with AddressSanitizer and UBSan (Qt 5)
+#   ./build.sh valgrind   the tests run under valgrind's memcheck (Qt 5)
+#
+# Builds go to build/<name>; installing packages needs root (or sudo).
+set -euo pipefail
+cd "$(dirname "$0")"
+
+packages=(cmake ninja-build g++ qtbase5-dev qt6-base-dev)
+
+install_packages() {
+    local missing=()
+    local package
+    for package in "$@"; do
+        dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' \
+            || missing+=("$package")
+    done
+    [ ${#missing[@]} -eq 0 ] && return 0
+    echo "== installing ${missing[*]}"
+    local sudo=()
+    if [ "$(id -u)" -ne 0 ]; then
+        command -v sudo >/dev/null || { echo "Run as root (or install sudo) to install: ${missing[*]}" >&2; exit 1; }
+        sudo=(sudo)
+    fi
+    "${sudo[@]}" apt-get update -q
+    DEBIAN_FRONTEND=noninteractive "${sudo[@]}" apt-get install -y -q --no-install-recommends "${missing[@]}"
+}
+
+# build NAME QT_MAJOR [cmake options...]
+build() {
+    local dir=build/$1 qt=$2
+    shift 2
+    echo "== building $dir (Qt $qt)"
+    cmake -S . -B "$dir" -G Ninja -DKELXML_QT_MAJOR="$qt" -DKELXML_WERROR=ON "$@"
+    cmake --build "$dir"
+}
+
+run_tests() {
+    echo "== testing $1"
+    ctest --test-dir "$1" --output-on-failure
+}
+
+case "${1:-}" in
+examples)
+    install_packages "${packages[@]}"
+    build qt5 5
+    scripts/check-examples.sh build/qt5/tools/kelxml
+    ;;
+test)
+    install_packages "${packages[@]}"
+    build qt5 5
+    run_tests build/qt5
+    build qt6 6
+    run_tests build/qt6
+    ;;
+asan)
+    install_packages "${packages[@]}"
+    build asan 5 -DCMAKE_BUILD_TYPE=Debug -DKELXML_SANITIZE=address,undefined
+    UBSAN_OPTIONS=halt_on_error=1:print_stacktrace=1 run_tests build/asan
+    ;;
+valgrind)
+    install_packages "${packages[@]}" valgrind
+    build qt5 5
+    echo "== testing build/qt5 under valgrind"
+    for test in build/qt5/tests/tst_*; do
+        [ -x "$test" ] || continue
+        valgrind -q --error-exitcode=1 --leak-check=full --errors-for-leak-kinds=definite,indirect \
+            "$test" -silent
+    done
+    echo "valgrind: no errors and no leaks"
+    ;;
+*)
+    sed -n '2,9p' "$0" | sed 's/^# \{0,1\}//'
+    exit 64
+    ;;
+esac
