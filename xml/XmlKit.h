@@ -3,7 +3,7 @@
 // The reading kit that the element classes share: the token loop with its
 // standard messages, start-tag and attribute handling, child-order
 // bookkeeping, numeric text, and the common write steps. Internal to the
-// library; not installed.
+// library and not installed; its symbols are exported for the library's tests.
 
 #include "XmlElementBase.h"
 #include "XmlOwned.h"
@@ -21,9 +21,9 @@ namespace KelXml {
 namespace XmlKit {
 
 // Names and values that the whole vocabulary shares.
-extern const QString versionAttribute; // "version"
-extern const QString unitAttribute;    // "unit"
-extern const QString defaultVersion;   // "1.0", the only supported version
+KELXML_EXPORT extern const QString versionAttribute; // "version"
+KELXML_EXPORT extern const QString unitAttribute;    // "unit"
+KELXML_EXPORT extern const QString defaultVersion;   // "1.0", the only supported version
 
 inline bool isSupportedVersion(const QString& version)
 {
@@ -31,13 +31,15 @@ inline bool isSupportedVersion(const QString& version)
 }
 
 // Writes <name version="..." unit="...">text</name>, the attributes as one set.
-void writeValueElement(QXmlStreamWriter& writer, const QString& name, const QString& version,
-                       const QString& unit, const QString& text);
+KELXML_EXPORT void writeValueElement(QXmlStreamWriter& writer, const QString& name,
+                                     const QString& version, const QString& unit,
+                                     const QString& text);
 // Writes <name version="...">text</name>.
-void writeValueElement(QXmlStreamWriter& writer, const QString& name, const QString& version,
-                       const QString& text);
+KELXML_EXPORT void writeValueElement(QXmlStreamWriter& writer, const QString& name,
+                                     const QString& version, const QString& text);
 // Writes the start tag of an element with children and its version attribute.
-void writeStartElement(QXmlStreamWriter& writer, const QString& name, const QString& version);
+KELXML_EXPORT void writeStartElement(QXmlStreamWriter& writer, const QString& name,
+                                     const QString& version);
 
 } // namespace XmlKit
 
@@ -115,7 +117,7 @@ private:
 
 // Reads one element for an element object: raises its located errors and runs
 // the token loop that every class shares.
-class XmlElementReader
+class KELXML_EXPORT XmlElementReader
 {
 public:
     // How a class words a start or end tag that it refuses.

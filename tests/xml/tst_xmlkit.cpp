@@ -1,0 +1,196 @@
+// The reading kit and the owning wrappers, tested through a small element
+// class built on them the way every class of the library is.
+
+#include "KelXmlTest.h"
+
+#include <XmlDecibelType.h>
+#include <XmlFreqType.h>
+#include <XmlKit.h>
+#include <XmlObjNameType.h>
+
+#include <QtTest>
+
+using namespace KelXml;
+
+namespace {
+
+// <Example version="1.0"><Name/><Frequency/>[<Gain/>]...</Example>: three
+// ordered children, the last optional and repeatable.
+class XmlExampleType : public XmlElementBase
+{
+public:
+    XmlExampleType()
+        : XmlElementBase(QStringLiteral("XmlExampleType"))
+        , m_name(XmlOwnedPtr<XmlObjNameType>::make())
+        , m_frequency(XmlOwnedPtr<XmlFreqType>::make())
+        , m_version(XmlKit::defaultVersion)
+    {}
+
+    void processXml(QXmlStreamReader& reader, const QString& elementName) override
+    {
+        XmlElementReader in(*this, reader, elementName, XmlElementReader::NamedWording);
+        if (!in.begin(m_version))
+            return;
+        in.readChildren({
+            XmlChild::object(QStringLiteral("Name"), *m_name),
+            XmlChild::object(QStringLiteral("Frequency"), *m_frequency),
+            XmlChild::appended(QStringLiteral("Gain"), m_gains).optional(),
+        });
+    }
+    void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override
+    {
+        XmlKit::writeStartElement(writer, elementName, m_version);
+        m_name->produceXml(writer, QStringLiteral("Name"));
+        m_frequency->produceXml(writer, QStringLiteral("Frequency"));
+        for (const XmlDecibelType* gain : m_gains.list())
+            gain->produceXml(writer, QStringLiteral("Gain"));
+        writer.writeEndElement();
+    }
+    void reset() override
+    {
+        m_name->reset();
+        m_frequency->reset();
+        m_gains.clear();
+        m_version = XmlKit::defaultVersion;
+        XmlElementBase::reset();
+    }
+
+    XmlOwnedPtr<XmlObjNameType> m_name;
+    XmlOwnedPtr<XmlFreqType> m_frequency;
+    XmlOwnedList<XmlDecibelType> m_gains;
+    QString m_version;
+
+protected:
+    void checkContent(XmlChecks& checks) const override
+    {
+        checks.version(XmlKit::isSupportedVersion(m_version), m_version);
+        checks.child(m_name.get());
+        checks.child(m_frequency.get());
+        checks.children(m_gains.list());
+    }
+};
+
+const QString name = QStringLiteral("<Name>A</Name>");
+const QString frequency = QStringLiteral("<Frequency version=\"1.0\" unit=\"MHz\">1</Frequency>");
+const QString gain = QStringLiteral("<Gain version=\"1.0\" unit=\"dB\">3</Gain>");
+
+QString example(const QString& children)
+{
+    return QStringLiteral("<Example version=\"1.0\">") + children + QStringLiteral("</Example>");
+}
+
+} // namespace
+
+class TestXmlKit : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void childOrder_data()
+    {
+        QTest::addColumn<QString>("children");
+        QTest::addColumn<QString>("error");
+        QTest::addColumn<int>("gains");
+        QTest::newRow("required only") << name + frequency << QString() << 0;
+        QTest::newRow("optional repeated") << name + frequency + gain + gain << QString() << 2;
+        QTest::newRow("earlier after later") << name + frequency + gain + frequency
+                                             << "Unexpected token \"StartElement\": Frequency" << 1;
+        QTest::newRow("single repeated")
+            << name + name << "Unexpected token \"StartElement\": Name" << 0;
+        QTest::newRow("unknown") << name + QStringLiteral("<Power/>")
+                                 << "Unexpected token \"StartElement\": Power" << 0;
+        // A required child may be skipped; the end tag then finds it missing.
+        QTest::newRow("required missing")
+            << name + gain << "Unexpected token \"EndElement\": Example" << 1;
+        QTest::newRow("end before required")
+            << name << "Unexpected token \"EndElement\": Example" << 0;
+    }
+    void childOrder()
+    {
+        QFETCH(QString, children);
+        QFETCH(QString, error);
+        QFETCH(int, gains);
+        XmlExampleType element;
+        const QString read = KelXmlTest::read(element, example(children));
+        if (error.isEmpty())
+            QCOMPARE(read, QString());
+        else
+            QVERIFY2(read.startsWith(QLatin1String("in XmlExampleType (line 1, column ")) &&
+                         read.endsWith(QStringLiteral("): ") + error + QLatin1Char('.')),
+                     qPrintable(read));
+        QCOMPARE(element.m_gains.size(), gains);
+    }
+
+    // The first error is the one the reader keeps; no later one replaces it.
+    void firstErrorWins()
+    {
+        XmlExampleType element;
+        const QString read = KelXmlTest::read(
+            element,
+            example(name + QStringLiteral("<Frequency version=\"1.0\">1</Frequency>") + gain));
+        QVERIFY2(read.startsWith(QLatin1String("in XmlFreqType")) &&
+                     read.endsWith(QLatin1String("Missing attribute: \"unit\".")),
+                 qPrintable(read));
+    }
+
+    void roundTripAndReport()
+    {
+        XmlExampleType element;
+        const QString xml = example(name + frequency + gain);
+        QCOMPARE(KelXmlTest::read(element, xml), QString());
+        QCOMPARE(KelXmlTest::write(element, QStringLiteral("Example")),
+                 example(name + QStringLiteral(
+                                    "<Frequency version=\"1.0\" unit=\"MHz\">1.000000</Frequency>"
+                                    "<Gain version=\"1.0\" unit=\"dB\">3.000000</Gain>")));
+        QVERIFY(element.isValid());
+        element.m_name->setObjName(QString());
+        QCOMPARE(element.syntaxError(),
+                 QStringLiteral("+++ in XmlExampleType Begin:\n+++ in XmlObjNameType Begin:\n"
+                                "Object name too short (min. 1).\n--- in XmlObjNameType End\n"
+                                "--- in XmlExampleType End"));
+        QVERIFY(!element.isValid());
+    }
+
+    // Copies share nothing with their source, whether a child is there or not.
+    void ownedPointerCopies()
+    {
+        XmlOwnedPtr<XmlFreqType> source = XmlOwnedPtr<XmlFreqType>::make();
+        source->setFrequency_MHz(5.0);
+        XmlOwnedPtr<XmlFreqType> copy(source);
+        XmlOwnedPtr<XmlFreqType> assigned;
+        assigned = source;
+        source->setFrequency_MHz(7.0);
+        QCOMPARE(copy->frequency_MHz(), 5.0);
+        QCOMPARE(assigned->frequency_MHz(), 5.0);
+        QVERIFY(copy.get() != source.get());
+
+        const XmlFreqType* kept = copy.get();
+        copy = source; // both there: assigned in place
+        QCOMPARE(copy.get(), kept);
+        QCOMPARE(copy->frequency_MHz(), 7.0);
+        copy = XmlOwnedPtr<XmlFreqType>(); // source absent: the child goes
+        QVERIFY(!copy);
+    }
+
+    void ownedListCopies()
+    {
+        XmlOwnedList<XmlFreqType> list;
+        list.appendNew()->setFrequency_MHz(1.0);
+        list.appendNew()->setFrequency_MHz(2.0);
+        XmlOwnedList<XmlFreqType> copy(list);
+        list.list().first()->setFrequency_MHz(9.0);
+        QCOMPARE(copy.list().first()->frequency_MHz(), 1.0);
+
+        // Its own members handed back, and null entries, are safe.
+        QList<XmlFreqType*> own = list.list();
+        own.append(nullptr);
+        list.assignCopies(own);
+        QCOMPARE(list.size(), 2);
+        QCOMPARE(list.list().at(1)->frequency_MHz(), 2.0);
+        list = list;
+        QCOMPARE(list.size(), 2);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestXmlKit)
+#include "tst_xmlkit.moc"
