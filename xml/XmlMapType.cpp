@@ -47,8 +47,9 @@ bool XmlMapType::isValid() const
 void XmlMapType::checkContent(XmlChecks& checks) const
 {
     checks.version(supportsVersion(), m_version);
-    checks.expect(m_key || m_value, QStringLiteral("Entry has been reset (no key and no value)"));
     checks.child(m_key.get());
+    // Only a reset entry lacks its value.
+    checks.expect(bool(m_value), QStringLiteral("No value: the entry has been reset"));
     checks.child(m_value.get());
 }
 
