@@ -1,0 +1,89 @@
+#include "KelXmlTest.h"
+
+#include <XmlDBMType.h>
+#include <XmlFreqThrPairType.h>
+
+#include <QtTest>
+
+using namespace KelXml;
+using KelXmlTest::located;
+
+namespace {
+
+// A pair whose accumulated text can be looked at without recomputing it.
+struct PairProbe : XmlFreqThrPairType
+{
+    using XmlElementBase::mySyntaxError;
+};
+
+} // namespace
+
+class TestXmlElementBase : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    // Line and column are those of the reader, counted from 1 and 0 respectively.
+    void readerErrorIsLocated()
+    {
+        XmlDBMType d;
+        QCOMPARE(KelXmlTest::read(d, QString(11, '\n') + "<DBM version=\"1.0\">not-numeric</DBM>"),
+                 QString("in XmlDBMType (line 12, column 31): Illegal value (must be numeric)."));
+    }
+
+    // Off its start tag an element refuses to read and resets nothing but its version.
+    void wrongPosition()
+    {
+        QXmlStreamReader reader("<N>x</N>");
+        for (int i = 0; i < 3; ++i) // onto the text
+            reader.readNext();
+        XmlDBMType dBm;
+        dBm.setVersion("2.0");
+        dBm.setDBM(5.0);
+        dBm.processXml(reader, "N");
+        QCOMPARE(reader.errorString(), located("XmlDBMType", 1, 5, "Parse error (wrong position)"));
+        QVERIFY(dBm.version() == "1.0" && dBm.dBm() == 5.0);
+    }
+
+    // An empty attribute keeps the default (a 2.0 is kept as read: see the nested report).
+    void versionAttribute()
+    {
+        XmlFreqType freq;
+        freq.setVersion("3.0");
+        QCOMPARE(KelXmlTest::read(freq, "<F version=\"\" unit=\"MHz\">5</F>"), QString());
+        QCOMPARE(freq.version(), QString("1.0"));
+    }
+
+    // Were the parent to go on, it would refuse <Bogus/> and replace the message.
+    void childErrorEndsTheParentSilently()
+    {
+        XmlFreqThrPairType pair;
+        QCOMPARE(KelXmlTest::read(pair, "<P><Frequency>5</Frequency><Bogus/></P>"),
+                 located("XmlFreqType", 1, 14, "Missing attribute: \"unit\""));
+    }
+
+    // An unsupported version is read without complaint and only reported; blocks nest,
+    // valid children add nothing, a second call gives the same text, and a copy carries
+    // the last text along.
+    void nestedReportIsStableAndCopied()
+    {
+        PairProbe pair;
+        QCOMPARE(KelXmlTest::read(pair, "<P version=\"2.0\"><Frequency unit=\"MHz\">-5</Frequency>"
+                                        "<RxThreshold unit=\"dBm\">-50</RxThreshold></P>"),
+                 QString());
+        const QString report = "+++ in XmlFreqThrPairType Begin:\nVersion \"2.0\" not supported\n"
+                               "+++ in XmlFreqType Begin:\nIllegal frequency.\n"
+                               "--- in XmlFreqType End\n--- in XmlFreqThrPairType End";
+        QCOMPARE(pair.syntaxError(), report);
+        QCOMPARE(pair.syntaxError(), report);
+
+        const XmlFreqThrPairType copy(pair);
+        pair.reset();
+        QVERIFY(pair.mySyntaxError().isNull());
+        static_cast<XmlFreqThrPairType&>(pair) = copy;
+        QCOMPARE(pair.mySyntaxError(), report);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestXmlElementBase)
+#include "tst_xmlelementbase.moc"
