@@ -5,6 +5,7 @@
 #   ./build.sh test       install what is missing, build and run every test with Qt 5 and Qt 6
 #   ./build.sh asan       the tests built with AddressSanitizer and UBSan (Qt 5)
 #   ./build.sh valgrind   the tests run under valgrind's memcheck (Qt 5)
+#   ./build.sh fuzz [S]   the element fuzzer for S seconds (default 60), with clang
 #
 # Builds go to build/<name>; installing packages needs root (or sudo).
 set -euo pipefail
@@ -67,14 +68,22 @@ valgrind)
     build qt5 5
     echo "== testing build/qt5 under valgrind"
     for test in build/qt5/tests/tst_*; do
-        [ -x "$test" ] || continue
-        valgrind -q --error-exitcode=1 --leak-check=full --errors-for-leak-kinds=definite,indirect \
+        [ -f "$test" ] && [ -x "$test" ] || continue
+        valgrind -q --error-exitcode=1 --leak-check=full --errors-for-leak-kinds=definite,indirect --show-possibly-lost=no \
+            --suppressions=scripts/valgrind.supp \
             "$test" -silent
     done
     echo "valgrind: no errors and no leaks"
     ;;
+fuzz)
+    install_packages "${packages[@]}" clang libclang-rt-14-dev
+    build qt5 5
+    CC=clang CXX=clang++ build fuzz 5 -DKELXML_BUILD_FUZZERS=ON -DKELXML_BUILD_TESTS=OFF \
+        -DKELXML_BUILD_TOOLS=OFF -DKELXML_SANITIZE=fuzzer-no-link,address,undefined
+    scripts/fuzz.sh build/fuzz/fuzz/fuzz_elements build/qt5/tools/kelxml "${2:-60}"
+    ;;
 *)
-    sed -n '2,9p' "$0" | sed 's/^# \{0,1\}//'
+    sed -n '2,10p' "$0" | sed 's/^# \{0,1\}//'
     exit 64
     ;;
 esac
