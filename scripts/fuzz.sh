@@ -10,7 +10,7 @@ root=$(cd "$(dirname "$0")/.." && pwd)
 corpus=$(mktemp -d)
 trap 'rm -rf "$corpus"' EXIT
 
-# A seed is the sample prefixed with the byte that selects its class (the
+# A starting input is the sample prefixed with the byte that selects its class (the
 # class's place in 'kelxml classes').
 classes=$("$kelxml" classes | cut -f1 | cut -d' ' -f1)
 index=0
