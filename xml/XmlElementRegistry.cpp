@@ -25,6 +25,7 @@
 #include "XmlPowerType.h"
 #include "XmlReferenceType.h"
 #include "XmlSinadType.h"
+#include "XmlTxParamType.h"
 
 namespace KelXml {
 
@@ -74,6 +75,8 @@ const Registration registrations[] = {
     {"XmlNameAllType", "", "all objects or one named object", &make<XmlNameAllType>},
     {"XmlNameAllMultiType", "", "all objects or a list of named objects",
      &make<XmlNameAllMultiType>},
+    {"XmlTxParamType", "", "frequency, power, antenna height and bandwidth of a transmitter",
+     &make<XmlTxParamType>},
 };
 
 const Registration* find(const QString& nameOrAlias)

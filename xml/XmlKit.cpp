@@ -39,6 +39,40 @@ void writeStartElement(QXmlStreamWriter& writer, const QString& name, const QStr
 
 } // namespace XmlKit
 
+XmlEnumTexts::XmlEnumTexts(std::initializer_list<Entry> entries, const char* otherText)
+    : m_otherText(QLatin1String(otherText))
+{
+    for (const Entry& entry : entries)
+        m_entries.append(qMakePair(entry.value, QString(QLatin1String(entry.text))));
+}
+
+XmlEnumTexts XmlEnumTexts::numbered(std::initializer_list<const char*> texts)
+{
+    XmlEnumTexts result({}, "UNDEFINED");
+    int value = 0;
+    for (const char* text : texts)
+        result.m_entries.append(qMakePair(++value, QString(QLatin1String(text))));
+    return result;
+}
+
+std::optional<int> XmlEnumTexts::parse(const QString& text) const
+{
+    for (const auto& entry : m_entries) {
+        if (entry.second == text)
+            return entry.first;
+    }
+    return std::nullopt;
+}
+
+const QString& XmlEnumTexts::text(int value) const
+{
+    for (const auto& entry : m_entries) {
+        if (entry.first == value)
+            return entry.second;
+    }
+    return m_otherText;
+}
+
 namespace {
 
 const QString wrongPosition = QStringLiteral("Parse error (wrong position)");
@@ -89,7 +123,10 @@ bool XmlElementReader::begin(QString& version)
 void XmlElementReader::readVersion(QString& version) const
 {
     const auto value = m_reader.attributes().value(XmlKit::versionAttribute);
-    if (!value.isEmpty())
+    // The usual version shares the library's one string instead of a copy.
+    if (value == XmlKit::defaultVersion)
+        version = XmlKit::defaultVersion;
+    else if (!value.isEmpty())
         version = value.toString();
 }
 

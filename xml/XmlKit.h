@@ -12,7 +12,11 @@
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
+#include <QList>
+#include <QPair>
+
 #include <functional>
+#include <initializer_list>
 #include <optional>
 #include <vector>
 
@@ -42,6 +46,32 @@ KELXML_EXPORT void writeStartElement(QXmlStreamWriter& writer, const QString& na
                                      const QString& version);
 
 } // namespace XmlKit
+
+// The texts of an enumeration: exact, case-sensitive and untrimmed matching
+// on reading, and one text for every value outside the table on writing.
+class KELXML_EXPORT XmlEnumTexts
+{
+public:
+    struct Entry
+    {
+        int value;
+        const char* text;
+    };
+
+    XmlEnumTexts(std::initializer_list<Entry> entries, const char* otherText);
+    // Values 1, 2, ... for the texts in order; 0 and every value outside the
+    // table are written "UNDEFINED", a text that is never accepted.
+    static XmlEnumTexts numbered(std::initializer_list<const char*> texts);
+
+    // The value whose text matches exactly; nothing for any other text.
+    std::optional<int> parse(const QString& text) const;
+    // The value's text, or the text for values outside the table.
+    const QString& text(int value) const;
+
+private:
+    QList<QPair<int, QString>> m_entries;
+    QString m_otherText;
+};
 
 // One child element in a class's fixed order, with what reading it does.
 class XmlChild
@@ -196,7 +226,7 @@ public:
 private:
     XmlElementBase& m_element;
     QXmlStreamReader& m_reader;
-    const QString& m_elementName;
+    QString m_elementName;
     Wording m_wording;
 };
 

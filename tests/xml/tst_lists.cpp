@@ -22,7 +22,7 @@ static const QString version2 = QStringLiteral("Version \"2.0\" not supported");
 static const QString illegalFrequency = block("XmlFreqType", {"Illegal frequency."});
 
 // One frequency member as written, %1 its whole value.
-static const QString member =
+static const QString memberXml =
     QStringLiteral("<Frequency version=\"1.0\" unit=\"MHz\">%1.000000</Frequency>");
 
 // What differs between list classes: the class name and count message in
@@ -35,8 +35,8 @@ static void checkClass(const QList<Member*>& (List::*get)() const,
 {
     List list;
     QCOMPARE(list.syntaxError(), block(listClass, {count}));
-    Member member;
-    (list.*set)({&member});
+    Member item;
+    (list.*set)({&item});
     const QString written = KelXmlTest::write(list, "L");
     QVERIFY(written.startsWith(QStringLiteral("<L version=\"1.0\"><%1 ").arg(memberName)));
     QCOMPARE(KelXmlTest::read(list, written), QString());
@@ -71,14 +71,14 @@ private slots:
     void read()
     {
         XmlFreqListType list;
-        const QString xml = "<Values version=\"1.0\">" + member.arg(3) + member.arg(1) +
-                            member.arg(2) + "</Values>";
+        const QString xml = "<Values version=\"1.0\">" + memberXml.arg(3) + memberXml.arg(1) +
+                            memberXml.arg(2) + "</Values>";
         QCOMPARE(KelXmlTest::read(list, xml), QString());
         QCOMPARE(KelXmlTest::write(list, "Values"), xml);
         QCOMPARE(KelXmlTest::read(list, "<Values version=\"1.0\"/>"),
                  located(freqs, 1, 23, "Unexpected token \"EndElement\""));
         QVERIFY(list.freqList().isEmpty());
-        QCOMPARE(KelXmlTest::read(list, "<Values>" + member.arg(1) + "<Frequency/></Values>"),
+        QCOMPARE(KelXmlTest::read(list, "<Values>" + memberXml.arg(1) + "<Frequency/></Values>"),
                  located("XmlFreqType", 1, 76, "Missing attribute: \"unit\""));
         QCOMPARE(int(list.freqList().size()), 2);
     }
@@ -112,7 +112,7 @@ private slots:
     // default pair reports both children's blocks, the frequency's first.
     void pair()
     {
-        const QString f = member.arg(100), t = "<RxThreshold unit=\"dBm\">-5</RxThreshold>";
+        const QString f = memberXml.arg(100), t = "<RxThreshold unit=\"dBm\">-5</RxThreshold>";
         const QString pairClass = QStringLiteral("XmlFreqThrPairType");
         XmlFreqThrPairType pair;
         const auto read = [&pair](const QString& children) {

@@ -1,0 +1,324 @@
+#include "XmlLayout.h"
+
+namespace KelXml {
+
+XmlField::XmlField(const char* name, bool required)
+    : m_readName(QLatin1String(name))
+    , m_writeName(m_readName)
+    , m_required(required)
+{}
+
+XmlField XmlField::oneOf(std::initializer_list<XmlField> alternatives,
+                         const char* neitherMessage)
+{
+    XmlField field("", true);
+    field.m_alternatives.assign(alternatives.begin(), alternatives.end());
+    field.m_neitherMessage = QLatin1String(neitherMessage);
+    return field;
+}
+
+XmlField XmlField::writtenAs(const char* name) const
+{
+    XmlField copy(*this);
+    copy.m_writeName = QLatin1String(name);
+    return copy;
+}
+
+XmlField XmlField::notRequired() const
+{
+    XmlField copy(*this);
+    copy.m_required = false;
+    return copy;
+}
+
+XmlField XmlField::refusedBy(std::initializer_list<const char*> names) const
+{
+    XmlField copy(*this);
+    for (const char* name : names)
+        copy.m_refusedBy.append(QLatin1String(name));
+    return copy;
+}
+
+XmlField XmlField::anywhere() const
+{
+    XmlField copy(*this);
+    copy.m_anywhere = true;
+    return copy;
+}
+
+XmlField XmlField::replaced() const
+{
+    XmlField copy(*this);
+    copy.m_replaced = true;
+    return copy;
+}
+
+XmlField XmlField::repeated() const
+{
+    XmlField copy(*this);
+    copy.m_repeated = true;
+    return copy;
+}
+
+void XmlField::write(const XmlElementBase& owner, QXmlStreamWriter& writer) const
+{
+    if (!m_alternatives.empty()) {
+        for (const XmlField& alternative : m_alternatives)
+            alternative.write(owner, writer);
+    } else if (m_write) {
+        m_write(owner, writer, m_writeName);
+    } else if (const IXmlElement* child = m_get(owner)) {
+        child->produceXml(writer, m_writeName);
+    }
+}
+
+void XmlField::check(const XmlElementBase& owner, XmlChecks& checks) const
+{
+    if (!m_alternatives.empty()) {
+        IXmlElement* present = nullptr;
+        int count = 0;
+        for (const XmlField& alternative : m_alternatives) {
+            if (IXmlElement* child = alternative.m_get(owner)) {
+                present = child;
+                ++count;
+            }
+        }
+        if (count == 1)
+            checks.child(present);
+        else
+            checks.expect(false, m_neitherMessage);
+    } else if (m_check) {
+        m_check(owner, checks);
+    } else if (m_get) {
+        checks.child(m_get(owner));
+    }
+}
+
+bool XmlSeen::has(const QString& name) const
+{
+    return (m_mask & m_layout.maskOf({name})) != 0;
+}
+
+QStringList XmlSeen::among(const QStringList& names) const
+{
+    QStringList present;
+    for (const QString& name : names) {
+        if (has(name))
+            present.append(name);
+    }
+    return present;
+}
+
+XmlLayout::XmlLayout(const char* classname, XmlElementReader::Wording wording,
+                     VersionRule version, std::initializer_list<XmlField> fields)
+    : m_classname(QLatin1String(classname))
+    , m_wording(wording)
+    , m_version(version)
+    , m_fields(fields)
+{
+    index();
+}
+
+XmlLayout::XmlLayout(const XmlLayout& other)
+    : m_classname(other.m_classname)
+    , m_wording(other.m_wording)
+    , m_version(other.m_version)
+    , m_positionTest(other.m_positionTest)
+    , m_fields(other.m_fields)
+    , m_complete(other.m_complete)
+{
+    index();
+}
+
+XmlLayout& XmlLayout::operator=(const XmlLayout& other)
+{
+    if (this != &other) {
+        m_classname = other.m_classname;
+        m_wording = other.m_wording;
+        m_version = other.m_version;
+        m_positionTest = other.m_positionTest;
+        m_fields = other.m_fields;
+        m_complete = other.m_complete;
+        index();
+    }
+    return *this;
+}
+
+XmlLayout XmlLayout::withoutPositionTest() const
+{
+    XmlLayout copy(*this);
+    copy.m_positionTest = false;
+    return copy;
+}
+
+XmlLayout XmlLayout::completeWhen(std::function<bool(const XmlSeen&)> complete) const
+{
+    XmlLayout copy(*this);
+    copy.m_complete = std::move(complete);
+    return copy;
+}
+
+// One entry per child that can be read, each choice's alternatives sharing
+// the choice's slot; slots follow the table order.
+void XmlLayout::index()
+{
+    Q_ASSERT(m_fields.size() <= 64);
+    m_entries.clear();
+    m_required = 0;
+    for (size_t slot = 0; slot < m_fields.size(); ++slot) {
+        const XmlField& field = m_fields[slot];
+        if (field.m_required)
+            m_required |= quint64(1) << slot;
+        if (field.m_alternatives.empty()) {
+            m_entries.push_back({&field, int(slot), 0, false});
+        } else {
+            for (const XmlField& alternative : field.m_alternatives)
+                m_entries.push_back({&alternative, int(slot), 0, true});
+        }
+    }
+    for (Entry& entry : m_entries) {
+        const quint64 own = quint64(1) << entry.slot;
+        if (!entry.field->m_refusedBy.isEmpty())
+            entry.refusers = maskOf(entry.field->m_refusedBy);
+        else if (entry.field->m_anywhere)
+            entry.refusers = own;
+        else if (entry.field->m_repeated)
+            entry.refusers = ~((own << 1) - 1); // every later slot
+        else
+            entry.refusers = ~(own - 1); // this slot and every later one
+    }
+}
+
+quint64 XmlLayout::maskOf(const QStringList& names) const
+{
+    quint64 mask = 0;
+    for (const Entry& entry : m_entries) {
+        if (names.contains(entry.field->m_readName))
+            mask |= quint64(1) << entry.slot;
+    }
+    return mask;
+}
+
+const XmlLayout::Entry* XmlLayout::entryFor(const QString& name) const
+{
+    for (const Entry& entry : m_entries) {
+        if (entry.field->m_readName == name)
+            return &entry;
+    }
+    return nullptr;
+}
+
+void XmlLayout::read(XmlComposite& owner, QXmlStreamReader& reader,
+                     const QString& elementName) const
+{
+    XmlElementReader in(owner, reader, elementName, m_wording);
+    if (begin(owner, in))
+        readChildren(owner, in);
+}
+
+bool XmlLayout::begin(XmlComposite& owner, XmlElementReader& in) const
+{
+    if (m_version == NoVersion)
+        return !m_positionTest || in.atStartTag();
+    if (!in.begin(owner.m_version))
+        return false;
+    return m_version != CheckedVersion || in.checkVersion(owner.m_version);
+}
+
+void XmlLayout::readChildren(XmlComposite& owner, XmlElementReader& in) const
+{
+    quint64 seen = 0;
+    XmlElementReader::Handlers handlers;
+    handlers.start = [&](const QString& name) {
+        const Entry* entry = entryFor(name);
+        if (!entry || (seen & entry->refusers))
+            return false;
+        const XmlField& field = *entry->field;
+        if (entry->inChoice) {
+            for (const XmlField& other : m_fields[size_t(entry->slot)].m_alternatives) {
+                if (&other != &field)
+                    other.m_clear(owner);
+            }
+        }
+        (field.m_replaced ? field.m_replace : field.m_read)(owner, in.reader(), name);
+        seen |= quint64(1) << entry->slot;
+        return true;
+    };
+    handlers.mayEnd = [&]() {
+        return (seen & m_required) == m_required && (!m_complete || m_complete(XmlSeen(*this, seen)));
+    };
+    in.run(handlers);
+}
+
+void XmlLayout::write(const XmlComposite& owner, QXmlStreamWriter& writer,
+                      const QString& elementName) const
+{
+    if (m_version == NoVersion)
+        writer.writeStartElement(elementName);
+    else
+        XmlKit::writeStartElement(writer, elementName, owner.m_version);
+    for (const XmlField& field : m_fields)
+        field.write(owner, writer);
+    writer.writeEndElement();
+}
+
+void XmlLayout::checkChildren(const XmlComposite& owner, XmlChecks& checks) const
+{
+    for (const XmlField& field : m_fields)
+        field.check(owner, checks);
+}
+
+void XmlLayout::resetChildren(XmlComposite& owner) const
+{
+    for (const Entry& entry : m_entries) {
+        if (entry.field->m_clear)
+            entry.field->m_clear(owner);
+    }
+}
+
+XmlComposite::XmlComposite(const XmlLayout& layout)
+    : XmlElementBase(layout.classname())
+    , m_version(XmlKit::defaultVersion)
+    , m_layout(&layout)
+{}
+
+void XmlComposite::processXml(QXmlStreamReader& reader, const QString& elementName)
+{
+    m_layout->read(*this, reader, elementName);
+}
+
+void XmlComposite::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
+{
+    m_layout->write(*this, writer, elementName);
+}
+
+void XmlComposite::reset()
+{
+    m_layout->resetChildren(*this);
+    m_version = XmlKit::defaultVersion;
+    XmlElementBase::reset();
+}
+
+void XmlComposite::checkContent(XmlChecks& checks) const
+{
+    checkVersion(checks);
+    checkChildren(checks);
+}
+
+void XmlComposite::checkVersion(XmlChecks& checks) const
+{
+    if (m_layout->versionRule() != XmlLayout::NoVersion)
+        checks.version(supportsVersion(), m_version);
+}
+
+void XmlComposite::checkChildren(XmlChecks& checks) const
+{
+    m_layout->checkChildren(*this, checks);
+}
+
+bool XmlComposite::supportsVersion() const
+{
+    return XmlKit::isSupportedVersion(m_version);
+}
+
+} // namespace KelXml

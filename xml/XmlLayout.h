@@ -1,0 +1,247 @@
+#pragma once
+
+// The table of a composite element's children: each child named once, with
+// the element name it is read and written under, where it is held, whether
+// the element needs it, and the rule that admits it. XmlComposite reads,
+// writes, checks and resets its children from this table. Internal to the
+// library and not installed.
+
+#include "XmlComposite.h"
+#include "XmlKit.h"
+#include "XmlOwned.h"
+
+#include <QStringList>
+
+#include <functional>
+#include <initializer_list>
+#include <vector>
+
+namespace KelXml {
+
+// One child of a composite's table, or one choice between children.
+class KELXML_EXPORT XmlField
+{
+public:
+    // A child object that is always there, held by value.
+    template <class Owner, class T>
+    static XmlField object(const char* name, T Owner::*member)
+    {
+        XmlField field(name, true);
+        field.m_get = [member](const XmlElementBase& owner) -> IXmlElement* {
+            return const_cast<T*>(&(static_cast<const Owner&>(owner).*member));
+        };
+        field.m_read = [member](XmlElementBase& owner, QXmlStreamReader& reader,
+                                const QString& childName) {
+            (static_cast<Owner&>(owner).*member).processXml(reader, childName);
+        };
+        field.m_clear = [member](XmlElementBase& owner) {
+            (static_cast<Owner&>(owner).*member).reset();
+        };
+        return field;
+    }
+
+    // A child that may be absent (a null pointer): allocated when it is first
+    // read, deleted by reset().
+    template <class Owner, class T>
+    static XmlField optional(const char* name, XmlOwnedPtr<T> Owner::*member)
+    {
+        XmlField field(name, false);
+        field.m_get = [member](const XmlElementBase& owner) -> IXmlElement* {
+            return (static_cast<const Owner&>(owner).*member).get();
+        };
+        field.m_read = [member](XmlElementBase& owner, QXmlStreamReader& reader,
+                                const QString& childName) {
+            (static_cast<Owner&>(owner).*member).ensure().processXml(reader, childName);
+        };
+        field.m_replace = [member](XmlElementBase& owner, QXmlStreamReader& reader,
+                                   const QString& childName) {
+            XmlOwnedPtr<T>& child = static_cast<Owner&>(owner).*member;
+            child.reset();
+            child.ensure().processXml(reader, childName);
+        };
+        field.m_clear = [member](XmlElementBase& owner) {
+            (static_cast<Owner&>(owner).*member).reset();
+        };
+        return field;
+    }
+
+    // A repeated child: each occurrence is appended to the list as a new
+    // member, kept even when its reading fails. The element may hold none.
+    template <class Owner, class T>
+    static XmlField list(const char* name, XmlOwnedList<T> Owner::*member)
+    {
+        XmlField field(name, false);
+        field.m_repeated = true;
+        field.m_read = [member](XmlElementBase& owner, QXmlStreamReader& reader,
+                                const QString& childName) {
+            (static_cast<Owner&>(owner).*member).appendNew()->processXml(reader, childName);
+        };
+        field.m_write = [member](const XmlElementBase& owner, QXmlStreamWriter& writer,
+                                 const QString& childName) {
+            for (const T* item : (static_cast<const Owner&>(owner).*member).list())
+                item->produceXml(writer, childName);
+        };
+        field.m_check = [member](const XmlElementBase& owner, XmlChecks& checks) {
+            checks.children((static_cast<const Owner&>(owner).*member).list());
+        };
+        field.m_clear = [member](XmlElementBase& owner) {
+            (static_cast<Owner&>(owner).*member).clear();
+        };
+        return field;
+    }
+
+    // A child holding plain text: read whole and handed to the setter, written
+    // from the getter with writeTextElement(). Not checked, not reset here.
+    template <class Owner, class R>
+    static XmlField text(const char* name, R (Owner::*take)(const QString&),
+                         const QString& (Owner::*give)() const)
+    {
+        XmlField field(name, true);
+        field.m_read = [take](XmlElementBase& owner, QXmlStreamReader& reader, const QString&) {
+            (static_cast<Owner&>(owner).*take)(reader.readElementText());
+        };
+        field.m_write = [give](const XmlElementBase& owner, QXmlStreamWriter& writer,
+                               const QString& childName) {
+            writer.writeTextElement(childName, (static_cast<const Owner&>(owner).*give)());
+        };
+        return field;
+    }
+
+    // Exactly one of several optional children. They share one place in the
+    // order: once one was read, none of them is accepted again, and reading
+    // one deletes the others. The element needs one of them; the report names
+    // the child present, or gives the message when none or several are.
+    static XmlField oneOf(std::initializer_list<XmlField> alternatives,
+                          const char* neitherMessage);
+
+    // Written under another name than it is read.
+    XmlField writtenAs(const char* name) const;
+    // The element may end without this child.
+    XmlField notRequired() const;
+    // Refused once any of the named children (itself included, when named)
+    // was read, instead of once itself or a later child was read.
+    XmlField refusedBy(std::initializer_list<const char*> names) const;
+    // Accepted wherever it stands, once.
+    XmlField anywhere() const;
+    // Reading deletes the child held and reads into a new one.
+    XmlField replaced() const;
+    // May stand several times in a row.
+    XmlField repeated() const;
+
+private:
+    friend class XmlLayout;
+
+    using Get = std::function<IXmlElement*(const XmlElementBase&)>;
+    using Read = std::function<void(XmlElementBase&, QXmlStreamReader&, const QString&)>;
+    using Write = std::function<void(const XmlElementBase&, QXmlStreamWriter&, const QString&)>;
+    using Check = std::function<void(const XmlElementBase&, XmlChecks&)>;
+    using Clear = std::function<void(XmlElementBase&)>;
+
+    XmlField(const char* name, bool required);
+
+    void write(const XmlElementBase& owner, QXmlStreamWriter& writer) const;
+    void check(const XmlElementBase& owner, XmlChecks& checks) const;
+
+    QString m_readName;
+    QString m_writeName;
+    bool m_required;
+    bool m_repeated = false;
+    bool m_replaced = false;
+    bool m_anywhere = false;
+    QStringList m_refusedBy;
+    Get m_get;
+    Read m_read;
+    Read m_replace;
+    Write m_write;
+    Check m_check;
+    Clear m_clear;
+    // A choice: its alternatives, and the report when not exactly one is there.
+    std::vector<XmlField> m_alternatives;
+    QString m_neitherMessage;
+};
+
+// Which children of a composite have been read so far.
+class KELXML_EXPORT XmlSeen
+{
+public:
+    bool has(const QString& name) const;
+    // Those of the named children that were read, in the order given.
+    QStringList among(const QStringList& names) const;
+
+private:
+    friend class XmlLayout;
+    XmlSeen(const XmlLayout& layout, quint64 mask)
+        : m_layout(layout)
+        , m_mask(mask)
+    {}
+
+    const XmlLayout& m_layout;
+    quint64 m_mask;
+};
+
+// The children of a composite class in writing (and checking) order, with how
+// the class reads its element.
+class KELXML_EXPORT XmlLayout
+{
+public:
+    enum VersionRule
+    {
+        NoVersion,      // no version attribute
+        Version,        // read and written; an unsupported one shows only in the report
+        CheckedVersion, // and reading refuses another version than "1.0"
+    };
+
+    XmlLayout(const char* classname, XmlElementReader::Wording wording, VersionRule version,
+              std::initializer_list<XmlField> fields);
+    // Copies index their own fields.
+    XmlLayout(const XmlLayout& other);
+    XmlLayout& operator=(const XmlLayout& other);
+
+    // Reading starts on the next token, wherever the reader stands.
+    XmlLayout withoutPositionTest() const;
+    // The own end tag also needs this to hold.
+    XmlLayout completeWhen(std::function<bool(const XmlSeen&)> complete) const;
+
+    const QString& classname() const { return m_classname; }
+    VersionRule versionRule() const { return m_version; }
+
+    // The whole reading of an element: opening, then the children.
+    void read(XmlComposite& owner, QXmlStreamReader& reader, const QString& elementName) const;
+    // The opening: position test and version as the class has them. False
+    // after an error.
+    bool begin(XmlComposite& owner, XmlElementReader& in) const;
+    // The token loop over the children, up to the own end tag.
+    void readChildren(XmlComposite& owner, XmlElementReader& in) const;
+    void write(const XmlComposite& owner, QXmlStreamWriter& writer,
+               const QString& elementName) const;
+    // Every child's verdict or report, in table order.
+    void checkChildren(const XmlComposite& owner, XmlChecks& checks) const;
+    // Resets the children held by value, deletes the others, empties lists.
+    void resetChildren(XmlComposite& owner) const;
+
+private:
+    friend class XmlSeen;
+
+    struct Entry
+    {
+        const XmlField* field;
+        int slot;
+        quint64 refusers;
+        bool inChoice;
+    };
+
+    void index();
+    quint64 maskOf(const QStringList& names) const;
+    const Entry* entryFor(const QString& name) const;
+
+    QString m_classname;
+    XmlElementReader::Wording m_wording;
+    VersionRule m_version;
+    bool m_positionTest = true;
+    std::vector<XmlField> m_fields;
+    std::vector<Entry> m_entries;
+    quint64 m_required = 0;
+    std::function<bool(const XmlSeen&)> m_complete;
+};
+
+} // namespace KelXml
