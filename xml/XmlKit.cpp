@@ -229,6 +229,17 @@ void XmlElementReader::readText(const std::function<void(const QString& text)>& 
     run(handlers);
 }
 
+void XmlElementReader::readEnumText(const XmlEnumTexts& texts, const QString& badValue,
+                                    const std::function<void(int value)>& take)
+{
+    readText([&](const QString& text) {
+        const auto value = texts.parse(text);
+        take(value.value_or(0));
+        if (!value)
+            fail(badValue);
+    });
+}
+
 void XmlElementReader::readChildren(const std::vector<XmlChild>& children,
                                     const std::function<bool()>& complete)
 {

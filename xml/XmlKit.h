@@ -216,6 +216,11 @@ public:
     // The loop of a text-valued element: every start tag is refused and each
     // piece of character data is handed over.
     void readText(const std::function<void(const QString& text)>& take);
+    // The loop of a text element holding an enumeration: each piece of
+    // character data must match one of the texts exactly; otherwise the value
+    // becomes 0 and badValue is raised.
+    void readEnumText(const XmlEnumTexts& texts, const QString& badValue,
+                      const std::function<void(int value)>& take);
     // The loop of an element with children in a fixed order: a child is taken
     // at most once (unless repeated) and only while no later child has been
     // read; the own end tag ends the element once every required child has
