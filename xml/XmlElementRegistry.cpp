@@ -37,6 +37,7 @@ struct Registration
     const char* alias;
     const char* summary;
     IXmlElement* (*create)();
+    IXmlElement* (*copy)(const IXmlElement&);
 };
 
 template <class T>
@@ -45,38 +46,44 @@ IXmlElement* make()
     return new T;
 }
 
+template <class T>
+IXmlElement* copyOf(const IXmlElement& element)
+{
+    const T* object = dynamic_cast<const T*>(&element);
+    return object ? new T(*object) : nullptr;
+}
+
+// A row of the table for a default-constructible class.
+#define KELXML_ROW(Class, alias, summary) {#Class, alias, summary, &make<Class>, &copyOf<Class>}
+
 // One row per element class. A class joins the registry by a row here.
 const Registration registrations[] = {
-    {"XmlDBMType", "", "a level in dBm", &make<XmlDBMType>},
-    {"XmlDecibelType", "", "a gain or loss in dB", &make<XmlDecibelType>},
-    {"XmlDegreesType", "", "an angle in degrees, 0 to 90", &make<XmlDegreesType>},
-    {"XmlPowerType", "", "a power in W", &make<XmlPowerType>},
-    {"XmlLengthType", "", "a length in whole metres", &make<XmlLengthType>},
-    {"XmlFreqType", "", "a frequency in Hz, kHz, MHz or GHz", &make<XmlFreqType>},
-    {"XmlBandwidthType", "", "a bandwidth in whole kHz", &make<XmlBandwidthType>},
-    {"XmlSinadType", "", "a SINAD ratio", &make<XmlSinadType>},
-    {"XmlFieldstrengthType", "", "a field strength in dBm", &make<XmlFieldstrengthType>},
-    {"XmlDfPrecisionType", "", "a direction-finding precision in degrees",
-     &make<XmlDfPrecisionType>},
-    {"XmlCoordinateType", "", "a longitude and latitude", &make<XmlCoordinateType>},
-    {"XmlNumCoordType", "", "a numbered longitude and latitude", &make<XmlNumCoordType>},
-    {"XmlDBMListType", "", "a list of dBm levels", &make<XmlDBMListType>},
-    {"XmlDecibelListType", "", "a list of dB values", &make<XmlDecibelListType>},
-    {"XmlDegreesListType", "", "a list of angles", &make<XmlDegreesListType>},
-    {"XmlFreqListType", "", "a list of frequencies", &make<XmlFreqListType>},
-    {"XmlFreqThrPairType", "", "a frequency with its receiver threshold",
-     &make<XmlFreqThrPairType>},
-    {"XmlFreqThrListType", "", "a list of frequency/threshold pairs", &make<XmlFreqThrListType>},
-    {"XmlKeyType", "", "an integer map key", &make<XmlKeyType>},
-    {"XmlMapType", "", "one key/length map entry", &make<XmlMapType>},
-    {"XmlMapListType", "", "a key/length map", &make<XmlMapListType>},
-    {"XmlObjNameType", "", "an object name", &make<XmlObjNameType>},
-    {"XmlReferenceType", "", "a command reference", &make<XmlReferenceType>},
-    {"XmlNameAllType", "", "all objects or one named object", &make<XmlNameAllType>},
-    {"XmlNameAllMultiType", "", "all objects or a list of named objects",
-     &make<XmlNameAllMultiType>},
-    {"XmlTxParamType", "", "frequency, power, antenna height and bandwidth of a transmitter",
-     &make<XmlTxParamType>},
+    KELXML_ROW(XmlDBMType, "", "a level in dBm"),
+    KELXML_ROW(XmlDecibelType, "", "a gain or loss in dB"),
+    KELXML_ROW(XmlDegreesType, "", "an angle in degrees, 0 to 90"),
+    KELXML_ROW(XmlPowerType, "", "a power in W"),
+    KELXML_ROW(XmlLengthType, "", "a length in whole metres"),
+    KELXML_ROW(XmlFreqType, "", "a frequency in Hz, kHz, MHz or GHz"),
+    KELXML_ROW(XmlBandwidthType, "", "a bandwidth in whole kHz"),
+    KELXML_ROW(XmlSinadType, "", "a SINAD ratio"),
+    KELXML_ROW(XmlFieldstrengthType, "", "a field strength in dBm"),
+    KELXML_ROW(XmlDfPrecisionType, "", "a direction-finding precision in degrees"),
+    KELXML_ROW(XmlCoordinateType, "", "a longitude and latitude"),
+    KELXML_ROW(XmlNumCoordType, "", "a numbered longitude and latitude"),
+    KELXML_ROW(XmlDBMListType, "", "a list of dBm levels"),
+    KELXML_ROW(XmlDecibelListType, "", "a list of dB values"),
+    KELXML_ROW(XmlDegreesListType, "", "a list of angles"),
+    KELXML_ROW(XmlFreqListType, "", "a list of frequencies"),
+    KELXML_ROW(XmlFreqThrPairType, "", "a frequency with its receiver threshold"),
+    KELXML_ROW(XmlFreqThrListType, "", "a list of frequency/threshold pairs"),
+    KELXML_ROW(XmlKeyType, "", "an integer map key"),
+    KELXML_ROW(XmlMapType, "", "one key/length map entry"),
+    KELXML_ROW(XmlMapListType, "", "a key/length map"),
+    KELXML_ROW(XmlObjNameType, "", "an object name"),
+    KELXML_ROW(XmlReferenceType, "", "a command reference"),
+    KELXML_ROW(XmlNameAllType, "", "all objects or one named object"),
+    KELXML_ROW(XmlNameAllMultiType, "", "all objects or a list of named objects"),
+    KELXML_ROW(XmlTxParamType, "", "frequency, power, antenna height and bandwidth of a transmitter"),
 };
 
 const Registration* find(const QString& nameOrAlias)
@@ -121,6 +128,13 @@ std::unique_ptr<IXmlElement> XmlElementRegistry::create(const QString& nameOrAli
 {
     const Registration* registration = find(nameOrAlias);
     return std::unique_ptr<IXmlElement>(registration ? registration->create() : nullptr);
+}
+
+std::unique_ptr<IXmlElement> XmlElementRegistry::copy(const QString& nameOrAlias,
+                                                      const IXmlElement& element)
+{
+    const Registration* registration = find(nameOrAlias);
+    return std::unique_ptr<IXmlElement>(registration ? registration->copy(element) : nullptr);
 }
 
 } // namespace KelXml

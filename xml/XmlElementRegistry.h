@@ -29,6 +29,10 @@ public:
     static QString resolve(const QString& nameOrAlias);
     // A new object of that class with its defaults; null when unknown.
     static std::unique_ptr<IXmlElement> create(const QString& nameOrAlias);
+    // A deep copy of an object of that class, made by the class's copy
+    // constructor; null when the class is unknown or the object is not one.
+    static std::unique_ptr<IXmlElement> copy(const QString& nameOrAlias,
+                                             const IXmlElement& element);
 };
 
 } // namespace KelXml

@@ -96,7 +96,8 @@ void XmlField::check(const XmlElementBase& owner, XmlChecks& checks) const
 
 bool XmlSeen::has(const QString& name) const
 {
-    return (m_mask & m_layout.maskOf({name})) != 0;
+    const int index = m_layout.entryIndex(name);
+    return index >= 0 && ((m_entries >> index) & 1u);
 }
 
 QStringList XmlSeen::among(const QStringList& names) const
@@ -162,7 +163,6 @@ XmlLayout XmlLayout::completeWhen(std::function<bool(const XmlSeen&)> complete) 
 // the choice's slot; slots follow the table order.
 void XmlLayout::index()
 {
-    Q_ASSERT(m_fields.size() <= 64);
     m_entries.clear();
     m_required = 0;
     for (size_t slot = 0; slot < m_fields.size(); ++slot) {
@@ -176,6 +176,7 @@ void XmlLayout::index()
                 m_entries.push_back({&alternative, int(slot), 0, true});
         }
     }
+    Q_ASSERT(m_entries.size() <= 64);
     for (Entry& entry : m_entries) {
         const quint64 own = quint64(1) << entry.slot;
         if (!entry.field->m_refusedBy.isEmpty())
@@ -197,6 +198,15 @@ quint64 XmlLayout::maskOf(const QStringList& names) const
             mask |= quint64(1) << entry.slot;
     }
     return mask;
+}
+
+int XmlLayout::entryIndex(const QString& name) const
+{
+    for (size_t i = 0; i < m_entries.size(); ++i) {
+        if (m_entries[i].field->m_readName == name)
+            return int(i);
+    }
+    return -1;
 }
 
 const XmlLayout::Entry* XmlLayout::entryFor(const QString& name) const
@@ -227,7 +237,8 @@ bool XmlLayout::begin(XmlComposite& owner, XmlElementReader& in) const
 
 void XmlLayout::readChildren(XmlComposite& owner, XmlElementReader& in) const
 {
-    quint64 seen = 0;
+    quint64 seen = 0;        // by slot, for the order
+    quint64 seenEntries = 0; // by child, for the completeness predicate
     XmlElementReader::Handlers handlers;
     handlers.start = [&](const QString& name) {
         const Entry* entry = entryFor(name);
@@ -242,10 +253,11 @@ void XmlLayout::readChildren(XmlComposite& owner, XmlElementReader& in) const
         }
         (field.m_replaced ? field.m_replace : field.m_read)(owner, in.reader(), name);
         seen |= quint64(1) << entry->slot;
+        seenEntries |= quint64(1) << (entry - m_entries.data());
         return true;
     };
     handlers.mayEnd = [&]() {
-        return (seen & m_required) == m_required && (!m_complete || m_complete(XmlSeen(*this, seen)));
+        return (seen & m_required) == m_required && (!m_complete || m_complete(XmlSeen(*this, seenEntries)));
     };
     in.run(handlers);
 }

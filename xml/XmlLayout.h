@@ -170,13 +170,14 @@ public:
 
 private:
     friend class XmlLayout;
-    XmlSeen(const XmlLayout& layout, quint64 mask)
+    XmlSeen(const XmlLayout& layout, quint64 entries)
         : m_layout(layout)
-        , m_mask(mask)
+        , m_entries(entries)
     {}
 
     const XmlLayout& m_layout;
-    quint64 m_mask;
+    quint64 m_entries; // one bit per readable child, choices' alternatives apart
+
 };
 
 // The children of a composite class in writing (and checking) order, with how
@@ -232,6 +233,7 @@ private:
 
     void index();
     quint64 maskOf(const QStringList& names) const;
+    int entryIndex(const QString& name) const;
     const Entry* entryFor(const QString& name) const;
 
     QString m_classname;
