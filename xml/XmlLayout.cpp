@@ -13,8 +13,24 @@ XmlField XmlField::oneOf(std::initializer_list<XmlField> alternatives,
 {
     XmlField field("", true);
     field.m_alternatives.assign(alternatives.begin(), alternatives.end());
-    field.m_neitherMessage = QLatin1String(neitherMessage);
+    field.m_exclusive = true;
+    field.m_countMessage = QLatin1String(neitherMessage);
     return field;
+}
+
+XmlField XmlField::single(std::initializer_list<XmlField> kinds, const char* countMessage)
+{
+    XmlField field("", true);
+    field.m_alternatives.assign(kinds.begin(), kinds.end());
+    field.m_countMessage = QLatin1String(countMessage);
+    return field;
+}
+
+XmlField XmlField::unchecked() const
+{
+    XmlField copy(*this);
+    copy.m_unchecked = true;
+    return copy;
 }
 
 XmlField XmlField::writtenAs(const char* name) const
@@ -74,6 +90,8 @@ void XmlField::write(const XmlElementBase& owner, QXmlStreamWriter& writer) cons
 
 void XmlField::check(const XmlElementBase& owner, XmlChecks& checks) const
 {
+    if (m_unchecked)
+        return;
     if (!m_alternatives.empty()) {
         IXmlElement* present = nullptr;
         int count = 0;
@@ -81,12 +99,13 @@ void XmlField::check(const XmlElementBase& owner, XmlChecks& checks) const
             if (IXmlElement* child = alternative.m_get(owner)) {
                 present = child;
                 ++count;
+                if (!m_exclusive)
+                    checks.child(child);
             }
         }
-        if (count == 1)
+        if (m_exclusive && count == 1)
             checks.child(present);
-        else
-            checks.expect(false, m_neitherMessage);
+        checks.expect(count == 1, m_countMessage);
     } else if (m_check) {
         m_check(owner, checks);
     } else if (m_get) {
@@ -245,13 +264,16 @@ void XmlLayout::readChildren(XmlComposite& owner, XmlElementReader& in) const
         if (!entry || (seen & entry->refusers))
             return false;
         const XmlField& field = *entry->field;
-        if (entry->inChoice) {
+        if (entry->inGroup && m_fields[size_t(entry->slot)].m_exclusive) {
             for (const XmlField& other : m_fields[size_t(entry->slot)].m_alternatives) {
                 if (&other != &field)
                     other.m_clear(owner);
             }
         }
-        (field.m_replaced ? field.m_replace : field.m_read)(owner, in.reader(), name);
+        IXmlElement* child =
+            (field.m_replaced ? field.m_replace : field.m_read)(owner, in.reader(), name);
+        if (field.m_afterRead && child)
+            field.m_afterRead(owner, *child);
         seen |= quint64(1) << entry->slot;
         seenEntries |= quint64(1) << (entry - m_entries.data());
         return true;

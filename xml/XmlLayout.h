@@ -31,8 +31,10 @@ public:
             return const_cast<T*>(&(static_cast<const Owner&>(owner).*member));
         };
         field.m_read = [member](XmlElementBase& owner, QXmlStreamReader& reader,
-                                const QString& childName) {
-            (static_cast<Owner&>(owner).*member).processXml(reader, childName);
+                                const QString& childName) -> IXmlElement* {
+            T& child = static_cast<Owner&>(owner).*member;
+            child.processXml(reader, childName);
+            return &child;
         };
         field.m_clear = [member](XmlElementBase& owner) {
             (static_cast<Owner&>(owner).*member).reset();
@@ -41,23 +43,30 @@ public:
     }
 
     // A child that may be absent (a null pointer): allocated when it is first
-    // read, deleted by reset().
+    // read (by make, when the class has no default constructor), deleted by
+    // reset().
     template <class Owner, class T>
-    static XmlField optional(const char* name, XmlOwnedPtr<T> Owner::*member)
+    static XmlField optional(const char* name, XmlOwnedPtr<T> Owner::*member,
+                             T* (*make)() = nullptr)
     {
         XmlField field(name, false);
         field.m_get = [member](const XmlElementBase& owner) -> IXmlElement* {
             return (static_cast<const Owner&>(owner).*member).get();
         };
-        field.m_read = [member](XmlElementBase& owner, QXmlStreamReader& reader,
-                                const QString& childName) {
-            (static_cast<Owner&>(owner).*member).ensure().processXml(reader, childName);
-        };
-        field.m_replace = [member](XmlElementBase& owner, QXmlStreamReader& reader,
-                                   const QString& childName) {
+        field.m_read = [member, make](XmlElementBase& owner, QXmlStreamReader& reader,
+                                      const QString& childName) -> IXmlElement* {
             XmlOwnedPtr<T>& child = static_cast<Owner&>(owner).*member;
-            child.reset();
-            child.ensure().processXml(reader, childName);
+            if (!child)
+                child = XmlOwnedPtr<T>(make ? make() : new T);
+            child->processXml(reader, childName);
+            return child.get();
+        };
+        field.m_replace = [member, make](XmlElementBase& owner, QXmlStreamReader& reader,
+                                         const QString& childName) -> IXmlElement* {
+            XmlOwnedPtr<T>& child = static_cast<Owner&>(owner).*member;
+            child = XmlOwnedPtr<T>(make ? make() : new T);
+            child->processXml(reader, childName);
+            return child.get();
         };
         field.m_clear = [member](XmlElementBase& owner) {
             (static_cast<Owner&>(owner).*member).reset();
@@ -73,8 +82,10 @@ public:
         XmlField field(name, false);
         field.m_repeated = true;
         field.m_read = [member](XmlElementBase& owner, QXmlStreamReader& reader,
-                                const QString& childName) {
-            (static_cast<Owner&>(owner).*member).appendNew()->processXml(reader, childName);
+                                const QString& childName) -> IXmlElement* {
+            T* child = (static_cast<Owner&>(owner).*member).appendNew();
+            child->processXml(reader, childName);
+            return child;
         };
         field.m_write = [member](const XmlElementBase& owner, QXmlStreamWriter& writer,
                                  const QString& childName) {
@@ -97,8 +108,10 @@ public:
                          const QString& (Owner::*give)() const)
     {
         XmlField field(name, true);
-        field.m_read = [take](XmlElementBase& owner, QXmlStreamReader& reader, const QString&) {
+        field.m_read = [take](XmlElementBase& owner, QXmlStreamReader& reader,
+                              const QString&) -> IXmlElement* {
             (static_cast<Owner&>(owner).*take)(reader.readElementText());
+            return nullptr;
         };
         field.m_write = [give](const XmlElementBase& owner, QXmlStreamWriter& writer,
                                const QString& childName) {
@@ -113,6 +126,11 @@ public:
     // the child present, or gives the message when none or several are.
     static XmlField oneOf(std::initializer_list<XmlField> alternatives,
                           const char* neitherMessage);
+    // At most one of several optional children is read: once one was read,
+    // none of them is accepted again. Reading one leaves the others as they
+    // are. The report gives each child held, then the message unless exactly
+    // one is held.
+    static XmlField single(std::initializer_list<XmlField> kinds, const char* countMessage);
 
     // Written under another name than it is read.
     XmlField writtenAs(const char* name) const;
@@ -127,12 +145,25 @@ public:
     XmlField replaced() const;
     // May stand several times in a row.
     XmlField repeated() const;
+    // Left out of the report and the verdict.
+    XmlField unchecked() const;
+    // After each reading of this child, hook(owner, child) runs.
+    template <class Owner, class T>
+    XmlField afterRead(void (*hook)(Owner& owner, T& child)) const
+    {
+        XmlField copy(*this);
+        copy.m_afterRead = [hook](XmlElementBase& owner, IXmlElement& child) {
+            hook(static_cast<Owner&>(owner), static_cast<T&>(child));
+        };
+        return copy;
+    }
 
 private:
     friend class XmlLayout;
 
     using Get = std::function<IXmlElement*(const XmlElementBase&)>;
-    using Read = std::function<void(XmlElementBase&, QXmlStreamReader&, const QString&)>;
+    using Read = std::function<IXmlElement*(XmlElementBase&, QXmlStreamReader&, const QString&)>;
+    using AfterRead = std::function<void(XmlElementBase&, IXmlElement&)>;
     using Write = std::function<void(const XmlElementBase&, QXmlStreamWriter&, const QString&)>;
     using Check = std::function<void(const XmlElementBase&, XmlChecks&)>;
     using Clear = std::function<void(XmlElementBase&)>;
@@ -148,6 +179,7 @@ private:
     bool m_repeated = false;
     bool m_replaced = false;
     bool m_anywhere = false;
+    bool m_unchecked = false;
     QStringList m_refusedBy;
     Get m_get;
     Read m_read;
@@ -155,9 +187,12 @@ private:
     Write m_write;
     Check m_check;
     Clear m_clear;
-    // A choice: its alternatives, and the report when not exactly one is there.
+    AfterRead m_afterRead;
+    // A group: its alternatives, and the report when not exactly one is there.
+    // Reading one alternative of a choice deletes the others.
     std::vector<XmlField> m_alternatives;
-    QString m_neitherMessage;
+    bool m_exclusive = false;
+    QString m_countMessage;
 };
 
 // Which children of a composite have been read so far.
@@ -228,7 +263,7 @@ private:
         const XmlField* field;
         int slot;
         quint64 refusers;
-        bool inChoice;
+        bool inGroup;
     };
 
     void index();
