@@ -1,0 +1,66 @@
+#pragma once
+
+#include "XmlParamSet.h"
+
+namespace KelXml {
+
+// The P.452 interference model's parameters: ten children in a fixed order,
+// each at most once. Three of them are integers, which refuse decimal text.
+// Its messages and report frames carry the class name "XmlPropModelP542Type".
+class KELXML_EXPORT XmlPropModelP452Type : public XmlParamSet
+{
+public:
+    XmlPropModelP452Type();
+
+    double deltaN() const { return value(DeltaN); }
+    bool hasDeltaN() const { return has(DeltaN); }
+    void setDeltaN(double deltaN) { set(DeltaN, deltaN); }
+    int surfaceRefract() const { return int(value(SurfaceRefract)); }
+    bool hasSurfaceRefract() const { return has(SurfaceRefract); }
+    void setSurfaceRefract(int refractivity) { set(SurfaceRefract, refractivity); }
+    double timePct() const { return value(TimePct); }
+    bool hasTimePct() const { return has(TimePct); }
+    void setTimePct(double timePct) { set(TimePct, timePct); }
+    int pressure_hPa() const { return int(value(Pressure)); }
+    bool hasPressure_hPa() const { return has(Pressure); }
+    void setPressure_hPa(int pressure) { set(Pressure, pressure); }
+    int temp_C() const { return int(value(Temp)); }
+    bool hasTemp_C() const { return has(Temp); }
+    void setTemp_C(int temperature) { set(Temp, temperature); }
+    double overWater_km() const { return value(OverWater); }
+    bool hasOverWater_km() const { return has(OverWater); }
+    void setOverWater_km(double distance) { set(OverWater, distance); }
+    double inlandCoastal_km() const { return value(InlandCoastal); }
+    bool hasInlandCoastal_km() const { return has(InlandCoastal); }
+    void setInlandCoastal_km(double distance) { set(InlandCoastal, distance); }
+    double inland_km() const { return value(Inland); }
+    bool hasInland_km() const { return has(Inland); }
+    void setInland_km(double distance) { set(Inland, distance); }
+    double distTxCoast_km() const { return value(DistTxCoast); }
+    bool hasDistTxCoast_km() const { return has(DistTxCoast); }
+    void setDistTxCoast_km(double distance) { set(DistTxCoast, distance); }
+    double distRxCoast_km() const { return value(DistRxCoast); }
+    bool hasDistRxCoast_km() const { return has(DistRxCoast); }
+    void setDistRxCoast_km(double distance) { set(DistRxCoast, distance); }
+
+protected:
+    void checkContent(XmlChecks& checks) const override;
+
+private:
+    enum Field
+    {
+        DeltaN,
+        SurfaceRefract,
+        TimePct,
+        Pressure,
+        Temp,
+        OverWater,
+        InlandCoastal,
+        Inland,
+        DistTxCoast,
+        DistRxCoast,
+    };
+    static const XmlParamTable& table();
+};
+
+} // namespace KelXml

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "XmlParamSet.h"
+
+namespace KelXml {
+
+// The P.533 sky-wave model's parameters: <K-factor/><SmoothedSunSpotNumber/>.
+// Its messages and report frames carry the class name "XmlPropModelP526Type".
+class KELXML_EXPORT XmlPropModelP533Type : public XmlParamSet
+{
+public:
+    XmlPropModelP533Type();
+
+    double kFactor() const { return value(KFactor); }
+    bool hasKFactor() const { return has(KFactor); }
+    void setKfactor(double kFactor) { set(KFactor, kFactor); }
+    double sunSpots() const { return value(SunSpots); }
+    bool hasSunSpots() const { return has(SunSpots); }
+    void setSunSpots(double sunSpots) { set(SunSpots, sunSpots); }
+
+protected:
+    void checkContent(XmlChecks& checks) const override;
+
+private:
+    enum Field
+    {
+        KFactor,
+        SunSpots,
+    };
+    static const XmlParamTable& table();
+};
+
+} // namespace KelXml
