@@ -18,10 +18,10 @@ XmlField XmlField::oneOf(std::initializer_list<XmlField> alternatives,
     return field;
 }
 
-XmlField XmlField::single(std::initializer_list<XmlField> kinds, const char* countMessage)
+XmlField XmlField::single(std::vector<XmlField> kinds, const char* countMessage)
 {
     XmlField field("", true);
-    field.m_alternatives.assign(kinds.begin(), kinds.end());
+    field.m_alternatives = std::move(kinds);
     field.m_countMessage = QLatin1String(countMessage);
     return field;
 }

@@ -46,8 +46,12 @@ public:
     // read (by make, when the class has no default constructor), deleted by
     // reset().
     template <class Owner, class T>
-    static XmlField optional(const char* name, XmlOwnedPtr<T> Owner::*member,
-                             T* (*make)() = nullptr)
+    static XmlField optional(const char* name, XmlOwnedPtr<T> Owner::*member)
+    {
+        return optional(name, member, +[]() -> T* { return new T; });
+    }
+    template <class Owner, class T>
+    static XmlField optional(const char* name, XmlOwnedPtr<T> Owner::*member, T* (*make)())
     {
         XmlField field(name, false);
         field.m_get = [member](const XmlElementBase& owner) -> IXmlElement* {
@@ -57,14 +61,14 @@ public:
                                       const QString& childName) -> IXmlElement* {
             XmlOwnedPtr<T>& child = static_cast<Owner&>(owner).*member;
             if (!child)
-                child = XmlOwnedPtr<T>(make ? make() : new T);
+                child = XmlOwnedPtr<T>(make());
             child->processXml(reader, childName);
             return child.get();
         };
         field.m_replace = [member, make](XmlElementBase& owner, QXmlStreamReader& reader,
                                          const QString& childName) -> IXmlElement* {
             XmlOwnedPtr<T>& child = static_cast<Owner&>(owner).*member;
-            child = XmlOwnedPtr<T>(make ? make() : new T);
+            child = XmlOwnedPtr<T>(make());
             child->processXml(reader, childName);
             return child.get();
         };
@@ -130,7 +134,7 @@ public:
     // none of them is accepted again. Reading one leaves the others as they
     // are. The report gives each child held, then the message unless exactly
     // one is held.
-    static XmlField single(std::initializer_list<XmlField> kinds, const char* countMessage);
+    static XmlField single(std::vector<XmlField> kinds, const char* countMessage);
 
     // Written under another name than it is read.
     XmlField writtenAs(const char* name) const;

@@ -24,7 +24,8 @@ const QStringList defaultsDoNotReadBack = {
     QStringLiteral("XmlFreqThrListType"),   QStringLiteral("XmlMapListType"),
     QStringLiteral("XmlDeviceListType"),    QStringLiteral("XmlDeviceType"),
     QStringLiteral("XmlSignalPathType"),    QStringLiteral("XmlStationInterlinkType"),
-    QStringLiteral("XmlDfType"),            QStringLiteral("XmlReceiverType"),
+    QStringLiteral("XmlCmdCreate"),         QStringLiteral("XmlCmdDelete"),
+    QStringLiteral("XmlCmdCalc"),
     QStringLiteral("XmlAreaPolyType"),      QStringLiteral("XmlAoiType"),
     QStringLiteral("XmlDeploymentAreaType"),
     QStringLiteral("XmlDeviceCategoryType"), QStringLiteral("XmlPropModelEnumType"),
@@ -32,9 +33,13 @@ const QStringList defaultsDoNotReadBack = {
     QStringLiteral("XmlCepProbType"),       QStringLiteral("XmlGridValuesType"),
 };
 
-// Selections that a default object leaves unmade, which reading makes.
-const QStringList readingMakesValid = {QStringLiteral("XmlNameAllType"),
-                                       QStringLiteral("XmlNameAllMultiType")};
+// Name selections that a default object leaves unmade, which reading makes,
+// and the requests made of them.
+const QStringList readingMakesValid = {
+    QStringLiteral("XmlNameAllType"),    QStringLiteral("XmlNameAllMultiType"),
+    QStringLiteral("XmlBestSensorType"), QStringLiteral("XmlDetectProbType"),
+    QStringLiteral("XmlDfCovType"),      QStringLiteral("XmlCepType"),
+    QStringLiteral("XmlFindSitesType")};
 
 QString text(const QString& path)
 {
