@@ -1,0 +1,70 @@
+#include "XmlCmdAdmin.h"
+
+#include "XmlKit.h"
+
+namespace KelXml {
+
+namespace {
+
+const QString queryVersionElement = QStringLiteral("QueryVersion");
+const QString referenceElement = QStringLiteral("Reference");
+
+} // namespace
+
+XmlCmdAdmin::XmlCmdAdmin()
+    : XmlElementBase(QStringLiteral("XmlCmdAdmin"))
+{}
+
+void XmlCmdAdmin::processXml(QXmlStreamReader& reader, const QString& elementName)
+{
+    // Reading starts on the next token wherever the reader stands. The
+    // QueryVersion start tag only passes; its end tag sets the type and lets
+    // the element end. Neither child's order nor count is checked.
+    XmlElementReader in(*this, reader, elementName, XmlElementReader::ElementWording);
+    bool queryClosed = false;
+    XmlElementReader::Handlers handlers;
+    handlers.start = [&](const QString& name) {
+        if (name == queryVersionElement)
+            return true;
+        if (name != referenceElement)
+            return false;
+        m_cmdReference.processXml(reader, referenceElement);
+        return true;
+    };
+    handlers.passEnd = [&](const QString& name) {
+        if (name != queryVersionElement)
+            return false;
+        m_adminCmd = AdminCmdQueryVersion;
+        queryClosed = true;
+        return true;
+    };
+    handlers.mayEnd = [&]() { return queryClosed; };
+    in.run(handlers);
+}
+
+void XmlCmdAdmin::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
+{
+    writer.writeStartElement(elementName);
+    if (m_adminCmd == AdminCmdQueryVersion)
+        writer.writeEmptyElement(queryVersionElement);
+    m_cmdReference.produceXml(writer, referenceElement);
+    writer.writeEndElement();
+}
+
+void XmlCmdAdmin::checkContent(XmlChecks& checks) const
+{
+    checks.expect(m_adminCmd != AdminCmdNone,
+                  QStringLiteral("Invalid Administrative command type"));
+    // The report collects the reference's text into the reference itself.
+    checks.child(const_cast<XmlReferenceType*>(&m_cmdReference));
+}
+
+void XmlCmdAdmin::reset()
+{
+    m_cmdReference.reset();
+    m_orderDef.reset();
+    m_adminCmd = AdminCmdNone;
+    XmlElementBase::reset();
+}
+
+} // namespace KelXml

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "XmlElementBase.h"
+#include "XmlOrderDef.h"
+#include "XmlOwned.h"
+#include "XmlReferenceType.h"
+
+namespace KelXml {
+
+// An administrative command of a command message, a request about the server
+// itself: <Administrative><QueryVersion/><Reference>r</Reference></Administrative>.
+// No version. The command type is set by reading only, when the QueryVersion
+// element closes; the reference may stand anywhere and any number of times.
+// The order definition is handed in by the message and never written.
+class KELXML_EXPORT XmlCmdAdmin : public XmlElementBase
+{
+public:
+    enum AdminCmd : qint32
+    {
+        AdminCmdNone = 0,
+        AdminCmdQueryVersion = 1,
+    };
+
+    XmlCmdAdmin();
+
+    void processXml(QXmlStreamReader& reader, const QString& elementName) override;
+    void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
+    void reset() override;
+
+    AdminCmd adminCmd() const { return m_adminCmd; }
+
+    const XmlReferenceType& cmdReference() const { return m_cmdReference; }
+    void setCmdReference(const XmlReferenceType& reference) { m_cmdReference = reference; }
+
+    bool hasOrderDef() const { return bool(m_orderDef); }
+    const XmlOrderDef* orderDef() const { return m_orderDef.get(); }
+    void setOrderDef(const XmlOrderDef& orderDef) { m_orderDef.assign(orderDef); }
+
+protected:
+    void checkContent(XmlChecks& checks) const override;
+
+private:
+    AdminCmd m_adminCmd = AdminCmdNone;
+    XmlOwnedPtr<XmlOrderDef> m_orderDef;
+    XmlReferenceType m_cmdReference;
+};
+
+} // namespace KelXml

@@ -1,0 +1,100 @@
+#pragma once
+
+#include "XmlElementBase.h"
+#include "XmlOrderDef.h"
+#include "XmlOwned.h"
+#include "XmlPropModelEnumType.h"
+#include "XmlPropModelFSType.h"
+#include "XmlPropModelHataType.h"
+#include "XmlPropModelITMType.h"
+#include "XmlPropModelOLOSType.h"
+#include "XmlPropModelP1546Type.h"
+#include "XmlPropModelP452Type.h"
+#include "XmlPropModelP526Type.h"
+#include "XmlPropModelP533Type.h"
+#include "XmlReferenceType.h"
+
+#include <vector>
+
+namespace KelXml {
+
+// The propagation-model command: the selected model and at most one model's
+// parameter set, then, in command mode, the command's reference:
+// <PropagationModel><SelectModel>ITM</SelectModel><PropertiesITM>...</PropertiesITM>
+// <Reference>r</Reference></PropagationModel>. No version and no attributes.
+// The Okumura-Hata set travels as "PropertiesOkumura". Nothing ties the set to
+// the selected model. Reading replaces only the children it meets; in command
+// mode the element needs its reference. The order definition is handed in by
+// the message and never read or written.
+class KELXML_EXPORT XmlPropModelType : public XmlElementBase
+{
+public:
+    explicit XmlPropModelType(bool isCommand);
+
+    void processXml(QXmlStreamReader& reader, const QString& elementName) override;
+    void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
+    // Every optional child and the order definition go; the reference is reset
+    // and the mode kept.
+    void reset() override;
+
+    bool isCommand() const { return m_isCommand; }
+
+    bool hasModel() const { return bool(m_model); }
+    const XmlPropModelEnumType* model() const { return m_model.get(); }
+    void setModel(const XmlPropModelEnumType& model) { m_model.assign(model); }
+
+    bool hasFreespace() const { return bool(m_freespace); }
+    const XmlPropModelFSType* freespace() const { return m_freespace.get(); }
+    void setFreespace(const XmlPropModelFSType& set) { m_freespace.assign(set); }
+    bool hasOLOS() const { return bool(m_OLOS); }
+    const XmlPropModelOLOSType* OLOS() const { return m_OLOS.get(); }
+    void setOLOS(const XmlPropModelOLOSType& set) { m_OLOS.assign(set); }
+    bool hasITM() const { return bool(m_ITM); }
+    const XmlPropModelITMType* ITM() const { return m_ITM.get(); }
+    void setITM(const XmlPropModelITMType& set) { m_ITM.assign(set); }
+    bool hasP452() const { return bool(m_P452); }
+    const XmlPropModelP452Type* P452() const { return m_P452.get(); }
+    void setP452(const XmlPropModelP452Type& set) { m_P452.assign(set); }
+    bool hasP1546() const { return bool(m_P1546); }
+    const XmlPropModelP1546Type* P1546() const { return m_P1546.get(); }
+    void setP1546(const XmlPropModelP1546Type& set) { m_P1546.assign(set); }
+    bool hasP526() const { return bool(m_P526); }
+    const XmlPropModelP526Type* P526() const { return m_P526.get(); }
+    void setP526(const XmlPropModelP526Type& set) { m_P526.assign(set); }
+    bool hasP533() const { return bool(m_P533); }
+    const XmlPropModelP533Type* P533() const { return m_P533.get(); }
+    void setP533(const XmlPropModelP533Type& set) { m_P533.assign(set); }
+    bool hasHata() const { return bool(m_Hata); }
+    const XmlPropModelHataType* Hata() const { return m_Hata.get(); }
+    void setHata(const XmlPropModelHataType& set) { m_Hata.assign(set); }
+
+    bool hasOrderDef() const { return bool(m_orderDef); }
+    const XmlOrderDef* orderDef() const { return m_orderDef.get(); }
+    void setOrderDef(const XmlOrderDef& orderDef) { m_orderDef.assign(orderDef); }
+
+    const XmlReferenceType& cmdReference() const { return m_cmdReference; }
+    void setCmdReference(const XmlReferenceType& reference) { m_cmdReference = reference; }
+
+protected:
+    void checkContent(XmlChecks& checks) const override;
+
+private:
+    struct ParamSet;
+    // The parameter sets in writing and report order, each with its element name.
+    static const std::vector<ParamSet>& paramSets();
+
+    XmlOwnedPtr<XmlPropModelEnumType> m_model;
+    XmlOwnedPtr<XmlPropModelFSType> m_freespace;
+    XmlOwnedPtr<XmlPropModelOLOSType> m_OLOS;
+    XmlOwnedPtr<XmlPropModelITMType> m_ITM;
+    XmlOwnedPtr<XmlPropModelP452Type> m_P452;
+    XmlOwnedPtr<XmlPropModelP1546Type> m_P1546;
+    XmlOwnedPtr<XmlPropModelP526Type> m_P526;
+    XmlOwnedPtr<XmlPropModelP533Type> m_P533;
+    XmlOwnedPtr<XmlPropModelHataType> m_Hata;
+    XmlOwnedPtr<XmlOrderDef> m_orderDef;
+    XmlReferenceType m_cmdReference;
+    bool m_isCommand;
+};
+
+} // namespace KelXml
