@@ -1,0 +1,144 @@
+#include "XmlFindSitesType.h"
+
+#include "XmlKit.h"
+
+namespace KelXml {
+
+namespace {
+const QString knownEmittersElement = QStringLiteral("UseKnownEmitters");
+const QString randomEmittersElement = QStringLiteral("RandomEmitters");
+const QString numberElement = QStringLiteral("Number");
+const QString distributionElement = QStringLiteral("Distribution");
+const QString deploymentAreasElement = QStringLiteral("DeploymentAreas");
+const QString resultGridElement = QStringLiteral("ResultGrid");
+
+const XmlEnumTexts distributionTexts({{XmlFindSitesType::DistributionRandom, "Random"},
+                                      {XmlFindSitesType::DistributionGrid, "Grid"}},
+                                     "UNDEFINED");
+
+const int noRandomEmitters = -1;
+const int maxRandomEmitters = 500;
+} // namespace
+
+XmlFindSitesType::XmlFindSitesType()
+    : XmlElementBase(QStringLiteral("XmlFindSitesType"))
+    , m_randNumber(noRandomEmitters)
+    , m_randDistri(DistributionUndefined)
+{}
+
+bool XmlFindSitesType::hasRandEmitters() const
+{
+    return m_randDistri != DistributionUndefined && m_randNumber >= 0;
+}
+
+void XmlFindSitesType::processXml(QXmlStreamReader& reader, const QString& elementName)
+{
+    // No position check. The RandomEmitters block opens at its start tag and
+    // counts as read only when it closes holding both Number and Distribution.
+    XmlElementReader in(*this, reader, elementName, XmlElementReader::NamedWording);
+    bool knownRead = false;
+    bool blockOpen = false;
+    bool blockRead = false;
+    bool numberRead = false;
+    bool distributionRead = false;
+    bool areasRead = false;
+    bool gridRead = false;
+
+    XmlElementReader::Handlers handlers;
+    handlers.start = [&](const QString& name) {
+        if (name == knownEmittersElement) {
+            if (knownRead || blockRead || areasRead || gridRead)
+                return false;
+            m_knownEmitters.reset();
+            m_knownEmitters.ensure().processXml(reader, name);
+            knownRead = true;
+        } else if (name == randomEmittersElement) {
+            if (blockRead || areasRead || gridRead)
+                return false;
+            blockOpen = true;
+        } else if (name == numberElement) {
+            if (!blockOpen || numberRead || distributionRead)
+                return false;
+            numberRead = true;
+            bool ok = false;
+            m_randNumber = reader.readElementText().toInt(&ok, 10);
+            if (!ok) {
+                m_randNumber = noRandomEmitters;
+                in.fail(QStringLiteral("Illegal value for \"Number\" (must be numeric)"));
+            }
+        } else if (name == distributionElement) {
+            if (!blockOpen || distributionRead)
+                return false;
+            distributionRead = true;
+            const auto value = distributionTexts.parse(reader.readElementText());
+            m_randDistri = Distribution(value.value_or(DistributionUndefined));
+            if (!value)
+                in.fail(QStringLiteral("Illegal value for \"Distribution\""));
+        } else if (name == deploymentAreasElement) {
+            if (areasRead || gridRead)
+                return false;
+            m_deploymentAreas.processXml(reader, name);
+            areasRead = true;
+        } else if (name == resultGridElement) {
+            if (gridRead)
+                return false;
+            m_resultGrid.reset();
+            m_resultGrid.ensure().processXml(reader, name);
+            gridRead = true;
+        } else {
+            return false;
+        }
+        return true;
+    };
+    handlers.passEnd = [&](const QString& name) {
+        if (name != randomEmittersElement || !blockOpen || !numberRead || !distributionRead)
+            return false;
+        blockOpen = false;
+        blockRead = true;
+        return true;
+    };
+    handlers.mayEnd = [&]() { return areasRead; };
+    in.run(handlers);
+}
+
+void XmlFindSitesType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
+{
+    writer.writeStartElement(elementName);
+    if (m_knownEmitters)
+        m_knownEmitters->produceXml(writer, knownEmittersElement);
+    if (hasRandEmitters()) {
+        writer.writeStartElement(randomEmittersElement);
+        writer.writeTextElement(numberElement, QString::number(m_randNumber));
+        writer.writeTextElement(distributionElement, distributionTexts.text(m_randDistri));
+        writer.writeEndElement();
+    }
+    m_deploymentAreas.produceXml(writer, deploymentAreasElement);
+    if (m_resultGrid)
+        m_resultGrid->produceXml(writer, resultGridElement);
+    writer.writeEndElement();
+}
+
+void XmlFindSitesType::checkContent(XmlChecks& checks) const
+{
+    // The report order differs from the writing order: the deployment areas
+    // come first.
+    checks.child(const_cast<XmlNameAllMultiType*>(&m_deploymentAreas));
+    checks.child(m_knownEmitters.get());
+    checks.expect(m_randNumber >= noRandomEmitters && m_randNumber <= maxRandomEmitters,
+                  QStringLiteral("RandomEmitters/Number out of bounds"));
+    checks.expect(m_randNumber < 0 || m_randDistri != DistributionUndefined,
+                  QStringLiteral("RandomEmitters distribution not set"));
+    checks.child(m_resultGrid.get());
+}
+
+void XmlFindSitesType::reset()
+{
+    m_knownEmitters.reset();
+    m_randNumber = noRandomEmitters;
+    m_randDistri = DistributionUndefined;
+    m_deploymentAreas.reset();
+    m_resultGrid.reset();
+    XmlElementBase::reset();
+}
+
+} // namespace KelXml

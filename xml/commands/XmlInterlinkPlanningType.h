@@ -1,0 +1,33 @@
+#pragma once
+
+#include "XmlElementBase.h"
+
+namespace KelXml {
+
+// A request to plan the radio link between two named stations:
+// <InterlinkPlanning><FirstName>A</FirstName><SecondName>B</SecondName></InterlinkPlanning>.
+// No version. A name longer than 128 characters stops the reading and is not
+// taken.
+class KELXML_EXPORT XmlInterlinkPlanningType : public XmlElementBase
+{
+public:
+    XmlInterlinkPlanningType();
+
+    void processXml(QXmlStreamReader& reader, const QString& elementName) override;
+    void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
+    void reset() override;
+
+    const QString& firstName() const { return m_firstName; }
+    void setFirstName(const QString& name) { m_firstName = name; }
+    const QString& secondName() const { return m_secondName; }
+    void setSecondName(const QString& name) { m_secondName = name; }
+
+protected:
+    void checkContent(XmlChecks& checks) const override;
+
+private:
+    QString m_firstName;
+    QString m_secondName;
+};
+
+} // namespace KelXml

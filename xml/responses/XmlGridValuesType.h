@@ -1,0 +1,42 @@
+#pragma once
+
+#include "XmlElementBase.h"
+
+namespace KelXml {
+
+// The value range and unit of a result grid:
+// <Values version="1.0" unit="dBm"><Min>-120</Min><Max>-40.5</Max></Values>.
+// Both attributes are mandatory; reading refuses another version than "1.0".
+// A Min or Max text that is not a number is passed over and leaves the value
+// as it was.
+class KELXML_EXPORT XmlGridValuesType : public XmlElementBase
+{
+public:
+    XmlGridValuesType();
+
+    void processXml(QXmlStreamReader& reader, const QString& elementName) override;
+    void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
+    void reset() override;
+
+    QString version() const { return m_version; }
+    void setVersion(const QString& version) { m_version = version; }
+    const QString& unit() const { return m_unit; }
+    void setUnit(const QString& unit) { m_unit = unit; }
+    double min() const { return m_min; }
+    void setMin(double min) { m_min = min; }
+    double max() const { return m_max; }
+    void setMax(double max) { m_max = max; }
+
+protected:
+    void checkContent(XmlChecks& checks) const override;
+
+private:
+    bool supportsVersion() const;
+
+    QString m_version;
+    QString m_unit;
+    double m_min;
+    double m_max;
+};
+
+} // namespace KelXml
