@@ -22,5 +22,5 @@ for class in $classes; do
     index=$((index + 1))
 done
 
-"$fuzzer" -max_total_time="$seconds" -max_len=4096 -timeout=5 -rss_limit_mb=2048 \
+"$fuzzer" -max_total_time="$seconds" -max_len=32768 -timeout=5 -rss_limit_mb=2048 \
     -dict="$root/fuzz/elements.dict" -print_final_stats=1 "$corpus"
