@@ -1,0 +1,48 @@
+#pragma once
+
+#include "XmlAreaPolyType.h"
+#include "XmlAreaRectType.h"
+#include "XmlComposite.h"
+#include "XmlFieldstrengthType.h"
+#include "XmlObjNameType.h"
+#include "XmlOwned.h"
+#include "XmlTxParamType.h"
+
+namespace KelXml {
+
+// An area of interest, where emitters are assumed and coverage is calculated:
+// <AOI version="1.0"><Name/><AreaRect/> or <AreaPolygon/><TxParameter/>
+// <RxThreshold/></AOI>, the threshold optional.
+//
+// Exactly one shape is wanted; installing one, by reading or by a setter,
+// deletes the other. Reading refuses any version but "1.0".
+class KELXML_EXPORT XmlAoiType : public XmlVersionedComposite
+{
+public:
+    XmlAoiType();
+
+    const XmlObjNameType* objName() const { return &m_objName; }
+    void setObjName(const XmlObjNameType& name) { m_objName = name; }
+    bool hasAreaRect() const { return bool(m_areaRect); }
+    const XmlAreaRectType* areaRect() const { return m_areaRect.get(); }
+    void setAreaRect(const XmlAreaRectType& rect);
+    bool hasAreaPoly() const { return bool(m_areaPoly); }
+    const XmlAreaPolyType* areaPoly() const { return m_areaPoly.get(); }
+    void setAreaPoly(const XmlAreaPolyType& poly);
+    const XmlTxParamType* txParam() const { return &m_txParam; }
+    void setTxParam(const XmlTxParamType& parameters) { m_txParam = parameters; }
+    bool hasRxThreshold() const { return bool(m_rxThreshold); }
+    const XmlFieldstrengthType* RxThres() const { return m_rxThreshold.get(); }
+    void setRxThres(const XmlFieldstrengthType& threshold) { m_rxThreshold.assign(threshold); }
+
+private:
+    static const XmlLayout& layout();
+
+    XmlObjNameType m_objName;
+    XmlOwnedPtr<XmlAreaRectType> m_areaRect;
+    XmlOwnedPtr<XmlAreaPolyType> m_areaPoly;
+    XmlTxParamType m_txParam;
+    XmlOwnedPtr<XmlFieldstrengthType> m_rxThreshold;
+};
+
+} // namespace KelXml

@@ -1,0 +1,135 @@
+#include "XmlAreaPolyType.h"
+
+#include "XmlKit.h"
+
+#include <memory>
+#include <utility>
+
+namespace KelXml {
+
+namespace {
+
+const QString vertexElement = QStringLiteral("Vertex");
+const int minimumVertices = 3;
+
+QVector<XmlNumCoordType*> copiesOf(const QVector<XmlNumCoordType*>& vertices)
+{
+    QVector<XmlNumCoordType*> copies;
+    copies.reserve(vertices.size());
+    for (const XmlNumCoordType* vertex : vertices) {
+        if (vertex)
+            copies.append(new XmlNumCoordType(*vertex));
+    }
+    return copies;
+}
+
+} // namespace
+
+XmlAreaPolyType::XmlAreaPolyType()
+    : XmlElementBase(QStringLiteral("XmlAreaPolyType"))
+    , m_version(XmlKit::defaultVersion)
+{}
+
+XmlAreaPolyType::XmlAreaPolyType(const XmlAreaPolyType& other)
+    : XmlElementBase(other)
+    , m_version(other.m_version)
+    , m_vertices(copiesOf(other.m_vertices))
+{}
+
+XmlAreaPolyType& XmlAreaPolyType::operator=(const XmlAreaPolyType& other)
+{
+    if (this == &other)
+        return *this;
+    XmlElementBase::operator=(other);
+    m_version = other.m_version;
+    QVector<XmlNumCoordType*> copies = copiesOf(other.m_vertices);
+    deleteVertices();
+    m_vertices = std::move(copies);
+    return *this;
+}
+
+XmlAreaPolyType::~XmlAreaPolyType()
+{
+    deleteVertices();
+}
+
+void XmlAreaPolyType::processXml(QXmlStreamReader& reader, const QString& elementName)
+{
+    XmlElementReader in(*this, reader, elementName, XmlElementReader::NamedWording);
+    if (!in.begin(m_version) || !in.checkVersion(m_version))
+        return;
+    XmlElementReader::Handlers handlers;
+    // A vertex is kept even when its reading fails.
+    handlers.start = [this, &reader](const QString& name) {
+        if (name != vertexElement)
+            return false;
+        auto vertex = std::make_unique<XmlNumCoordType>();
+        vertex->processXml(reader, name);
+        insertSorted(vertex.release());
+        return true;
+    };
+    handlers.mayEnd = [this]() { return m_vertices.size() >= minimumVertices; };
+    in.run(handlers);
+}
+
+void XmlAreaPolyType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
+{
+    XmlKit::writeStartElement(writer, elementName, m_version);
+    for (const XmlNumCoordType* vertex : m_vertices)
+        vertex->produceXml(writer, vertexElement);
+    writer.writeEndElement();
+}
+
+void XmlAreaPolyType::reset()
+{
+    deleteVertices();
+    m_version = XmlKit::defaultVersion;
+    XmlElementBase::reset();
+}
+
+void XmlAreaPolyType::setVertices(const QVector<XmlNumCoordType*>& vertices)
+{
+    // Copied before the old vertices go: the list given may be our own.
+    const QVector<XmlNumCoordType*> copies = copiesOf(vertices);
+    deleteVertices();
+    m_vertices.reserve(copies.size());
+    for (XmlNumCoordType* copy : copies)
+        insertSorted(copy);
+}
+
+void XmlAreaPolyType::checkContent(XmlChecks& checks) const
+{
+    checks.version(supportsVersion(), m_version);
+    // The walk stops at the first vertex out of order; later ones say nothing.
+    int previous = -1;
+    for (XmlNumCoordType* vertex : m_vertices) {
+        checks.child(vertex);
+        if (!(vertex->number() > previous)) {
+            checks.expect(false, QStringLiteral("Illegal numbering."));
+            break;
+        }
+        previous = vertex->number();
+    }
+}
+
+bool XmlAreaPolyType::supportsVersion() const
+{
+    return XmlKit::isSupportedVersion(m_version);
+}
+
+void XmlAreaPolyType::insertSorted(XmlNumCoordType* vertex)
+{
+    auto at = m_vertices.size();
+    while (at > 0 && m_vertices.at(at - 1)->number() > vertex->number())
+        --at;
+    m_vertices.insert(at, vertex);
+}
+
+void XmlAreaPolyType::deleteVertices()
+{
+    const QVector<XmlNumCoordType*> vertices = std::exchange(m_vertices, {});
+    for (XmlNumCoordType* vertex : vertices)
+        delete vertex;
+}
+
+} // namespace KelXml
