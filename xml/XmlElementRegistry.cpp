@@ -1,6 +1,17 @@
 #include "XmlElementRegistry.h"
 
+#include "XmlAoiType.h"
+#include "XmlAreaPolyType.h"
+#include "XmlAreaRectType.h"
 #include "XmlBandwidthType.h"
+#include "XmlBestSensorType.h"
+#include "XmlCepProbType.h"
+#include "XmlCepType.h"
+#include "XmlCmdAdmin.h"
+#include "XmlCmdCalc.h"
+#include "XmlCmdCreate.h"
+#include "XmlCmdDelete.h"
+#include "XmlCmdRoot.h"
 #include "XmlCoordinateType.h"
 #include "XmlDBMListType.h"
 #include "XmlDBMType.h"
@@ -8,12 +19,23 @@
 #include "XmlDecibelType.h"
 #include "XmlDegreesListType.h"
 #include "XmlDegreesType.h"
+#include "XmlDeploymentAreaType.h"
+#include "XmlDetectProbType.h"
+#include "XmlDeviceCategoryType.h"
+#include "XmlDeviceListType.h"
+#include "XmlDeviceType.h"
+#include "XmlDfCovType.h"
 #include "XmlDfPrecisionType.h"
+#include "XmlDfType.h"
+#include "XmlEmitterType.h"
 #include "XmlFieldstrengthType.h"
+#include "XmlFindSitesType.h"
 #include "XmlFreqListType.h"
 #include "XmlFreqThrListType.h"
 #include "XmlFreqThrPairType.h"
 #include "XmlFreqType.h"
+#include "XmlGridValuesType.h"
+#include "XmlInterlinkPlanningType.h"
 #include "XmlKeyType.h"
 #include "XmlLengthType.h"
 #include "XmlMapListType.h"
@@ -22,9 +44,26 @@
 #include "XmlNameAllType.h"
 #include "XmlNumCoordType.h"
 #include "XmlObjNameType.h"
+#include "XmlOrderDef.h"
 #include "XmlPowerType.h"
+#include "XmlPropModelEnumType.h"
+#include "XmlPropModelFSType.h"
+#include "XmlPropModelHataType.h"
+#include "XmlPropModelITMType.h"
+#include "XmlPropModelOLOSType.h"
+#include "XmlPropModelP1546Type.h"
+#include "XmlPropModelP452Type.h"
+#include "XmlPropModelP526Type.h"
+#include "XmlPropModelP533Type.h"
+#include "XmlPropModelType.h"
+#include "XmlReceiverType.h"
 #include "XmlReferenceType.h"
+#include "XmlResultGridType.h"
+#include "XmlRxParamType.h"
+#include "XmlSignalPathType.h"
 #include "XmlSinadType.h"
+#include "XmlStationInterlinkType.h"
+#include "XmlStationType.h"
 #include "XmlTxParamType.h"
 
 namespace KelXml {
@@ -53,8 +92,17 @@ IXmlElement* copyOf(const IXmlElement& element)
     return object ? new T(*object) : nullptr;
 }
 
+// The propagation-model command as the command message holds it.
+IXmlElement* makeCommandForm()
+{
+    return new XmlPropModelType(true);
+}
+
 // A row of the table for a default-constructible class.
-#define KELXML_ROW(Class, alias, summary) {#Class, alias, summary, &make<Class>, &copyOf<Class>}
+#define KELXML_ROW(Class, alias, summary)                                                          \
+    {                                                                                              \
+#Class, alias, summary, &make < Class>, &copyOf < Class>                                   \
+    }
 
 // One row per element class. A class joins the registry by a row here.
 const Registration registrations[] = {
@@ -83,7 +131,48 @@ const Registration registrations[] = {
     KELXML_ROW(XmlReferenceType, "", "a command reference"),
     KELXML_ROW(XmlNameAllType, "", "all objects or one named object"),
     KELXML_ROW(XmlNameAllMultiType, "", "all objects or a list of named objects"),
-    KELXML_ROW(XmlTxParamType, "", "frequency, power, antenna height and bandwidth of a transmitter"),
+    KELXML_ROW(XmlOrderDef, "", "the order id and sender of a message"),
+    KELXML_ROW(XmlCmdAdmin, "", "an administrative command (version query)"),
+    KELXML_ROW(XmlBestSensorType, "", "a best-sensor coverage request"),
+    KELXML_ROW(XmlDetectProbType, "", "a detection-probability request"),
+    KELXML_ROW(XmlDfCovType, "", "a direction-finding coverage request"),
+    KELXML_ROW(XmlCepType, "", "a circular-error-probable request"),
+    KELXML_ROW(XmlCepProbType, "", "a CEP probability level"),
+    KELXML_ROW(XmlFindSitesType, "", "a possible-sites request"),
+    KELXML_ROW(XmlInterlinkPlanningType, "", "an interlink-planning request between two stations"),
+    KELXML_ROW(XmlCmdCreate, "", "a command creating one scenario object"),
+    KELXML_ROW(XmlCmdDelete, "", "a command deleting scenario objects of one kind"),
+    KELXML_ROW(XmlCmdCalc, "", "a command running one calculation"),
+    KELXML_ROW(XmlCmdRoot, "command", "a whole command message"),
+    KELXML_ROW(XmlAreaRectType, "", "a rectangle given by two corners"),
+    KELXML_ROW(XmlAreaPolyType, "", "a polygon of numbered vertices"),
+    KELXML_ROW(XmlAoiType, "", "an area of interest"),
+    KELXML_ROW(XmlDeploymentAreaType, "", "a deployment area"),
+    KELXML_ROW(XmlDeviceCategoryType, "", "the category of a device"),
+    KELXML_ROW(XmlDeviceType, "", "a device with its frequency tables"),
+    KELXML_ROW(XmlDeviceListType, "", "a list of devices"),
+    KELXML_ROW(XmlTxParamType, "",
+               "frequency, power, antenna height and bandwidth of a transmitter"),
+    KELXML_ROW(XmlRxParamType, "", "antenna height and threshold of a receiver"),
+    KELXML_ROW(XmlSignalPathType, "", "a signal path from antenna to receiver"),
+    KELXML_ROW(XmlStationInterlinkType, "", "the radio parameters of a station's interlink"),
+    KELXML_ROW(XmlStationType, "", "a monitoring or direction-finding station"),
+    KELXML_ROW(XmlDfType, "", "a direction finder"),
+    KELXML_ROW(XmlEmitterType, "", "a known emitter"),
+    KELXML_ROW(XmlReceiverType, "", "a receiver"),
+    KELXML_ROW(XmlPropModelEnumType, "", "the name of a propagation model"),
+    {"XmlPropModelType", "", "a propagation-model command", &makeCommandForm,
+     &copyOf<XmlPropModelType>},
+    KELXML_ROW(XmlPropModelFSType, "", "free-space model parameters"),
+    KELXML_ROW(XmlPropModelHataType, "", "Okumura-Hata model parameters"),
+    KELXML_ROW(XmlPropModelOLOSType, "", "OLOS model parameters"),
+    KELXML_ROW(XmlPropModelITMType, "", "Irregular Terrain Model parameters"),
+    KELXML_ROW(XmlPropModelP1546Type, "", "P.1546 model parameters"),
+    KELXML_ROW(XmlPropModelP452Type, "", "P.452 model parameters"),
+    KELXML_ROW(XmlPropModelP526Type, "", "P.526 model parameters"),
+    KELXML_ROW(XmlPropModelP533Type, "", "P.533 model parameters"),
+    KELXML_ROW(XmlResultGridType, "", "the size of a result grid"),
+    KELXML_ROW(XmlGridValuesType, "", "the value range and unit of a result grid"),
 };
 
 const Registration* find(const QString& nameOrAlias)
