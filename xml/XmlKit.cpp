@@ -10,6 +10,16 @@ const QString versionAttribute = QStringLiteral("version");
 const QString unitAttribute = QStringLiteral("unit");
 const QString defaultVersion = QStringLiteral("1.0");
 
+QString formatDateTime(const QDateTime& dateTime)
+{
+    return dateTime.isValid() ? dateTime.toString(Qt::ISODate) : QString();
+}
+
+QDateTime parseDateTime(const QString& text)
+{
+    return QDateTime::fromString(text, Qt::ISODate);
+}
+
 void writeValueElement(QXmlStreamWriter& writer, const QString& name, const QString& version,
                        const QString& unit, const QString& text)
 {

@@ -12,6 +12,7 @@
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
+#include <QDateTime>
 #include <QList>
 #include <QPair>
 
@@ -33,6 +34,13 @@ inline bool isSupportedVersion(const QString& version)
 {
     return version == defaultVersion;
 }
+
+// Date-times as the messages carry them: ISO 8601 to the second, without a
+// fraction ("2021-03-04T05:06:07" for a local time); the same text under
+// every Qt version. An invalid date-time is written as an empty text.
+KELXML_EXPORT QString formatDateTime(const QDateTime& dateTime);
+// Whatever ISO 8601 text Qt accepts; an invalid date-time otherwise.
+KELXML_EXPORT QDateTime parseDateTime(const QString& text);
 
 // Writes <name version="..." unit="...">text</name>, the attributes as one set.
 KELXML_EXPORT void writeValueElement(QXmlStreamWriter& writer, const QString& name,
