@@ -105,7 +105,7 @@ void XmlField::check(const XmlElementBase& owner, XmlChecks& checks) const
         }
         if (m_exclusive && count == 1)
             checks.child(present);
-        checks.expect(count == 1, m_countMessage);
+        checks.expect(m_required ? count == 1 : count <= 1, m_countMessage);
     } else if (m_check) {
         m_check(owner, checks);
     } else if (m_get) {
@@ -130,11 +130,11 @@ QStringList XmlSeen::among(const QStringList& names) const
 }
 
 XmlLayout::XmlLayout(const char* classname, XmlElementReader::Wording wording,
-                     VersionRule version, std::initializer_list<XmlField> fields)
+                     VersionRule version, std::vector<XmlField> fields)
     : m_classname(QLatin1String(classname))
     , m_wording(wording)
     , m_version(version)
-    , m_fields(fields)
+    , m_fields(std::move(fields))
 {
     index();
 }

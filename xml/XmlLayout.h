@@ -133,7 +133,7 @@ public:
     // At most one of several optional children is read: once one was read,
     // none of them is accepted again. Reading one leaves the others as they
     // are. The report gives each child held, then the message unless exactly
-    // one is held.
+    // one is held (or, for a group marked notRequired(), when several are).
     static XmlField single(std::vector<XmlField> kinds, const char* countMessage);
 
     // Written under another name than it is read.
@@ -232,7 +232,7 @@ public:
     };
 
     XmlLayout(const char* classname, XmlElementReader::Wording wording, VersionRule version,
-              std::initializer_list<XmlField> fields);
+              std::vector<XmlField> fields);
     // Copies index their own fields.
     XmlLayout(const XmlLayout& other);
     XmlLayout& operator=(const XmlLayout& other);

@@ -1,8 +1,6 @@
 #pragma once
 
-#include "XmlElementBase.h"
-#include "XmlOrderDef.h"
-#include "XmlOwned.h"
+#include "XmlCmdBase.h"
 #include "XmlPropModelEnumType.h"
 #include "XmlPropModelFSType.h"
 #include "XmlPropModelHataType.h"
@@ -12,9 +10,6 @@
 #include "XmlPropModelP452Type.h"
 #include "XmlPropModelP526Type.h"
 #include "XmlPropModelP533Type.h"
-#include "XmlReferenceType.h"
-
-#include <vector>
 
 namespace KelXml {
 
@@ -26,16 +21,13 @@ namespace KelXml {
 // the selected model. Reading replaces only the children it meets; in command
 // mode the element needs its reference. The order definition is handed in by
 // the message and never read or written.
-class KELXML_EXPORT XmlPropModelType : public XmlElementBase
+class KELXML_EXPORT XmlPropModelType : public XmlCmdBase
 {
 public:
     explicit XmlPropModelType(bool isCommand);
 
-    void processXml(QXmlStreamReader& reader, const QString& elementName) override;
-    void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
-    // Every optional child and the order definition go; the reference is reset
-    // and the mode kept.
-    void reset() override;
+    // reset(): every optional child and the order definition go; the
+    // reference is reset and the mode kept.
 
     bool isCommand() const { return m_isCommand; }
 
@@ -68,20 +60,11 @@ public:
     const XmlPropModelHataType* Hata() const { return m_Hata.get(); }
     void setHata(const XmlPropModelHataType& set) { m_Hata.assign(set); }
 
-    bool hasOrderDef() const { return bool(m_orderDef); }
-    const XmlOrderDef* orderDef() const { return m_orderDef.get(); }
-    void setOrderDef(const XmlOrderDef& orderDef) { m_orderDef.assign(orderDef); }
-
-    const XmlReferenceType& cmdReference() const { return m_cmdReference; }
-    void setCmdReference(const XmlReferenceType& reference) { m_cmdReference = reference; }
-
 protected:
     void checkContent(XmlChecks& checks) const override;
 
 private:
-    struct ParamSet;
-    // The parameter sets in writing and report order, each with its element name.
-    static const std::vector<ParamSet>& paramSets();
+    static const XmlLayout& layout(bool isCommand);
 
     XmlOwnedPtr<XmlPropModelEnumType> m_model;
     XmlOwnedPtr<XmlPropModelFSType> m_freespace;
@@ -92,8 +75,6 @@ private:
     XmlOwnedPtr<XmlPropModelP526Type> m_P526;
     XmlOwnedPtr<XmlPropModelP533Type> m_P533;
     XmlOwnedPtr<XmlPropModelHataType> m_Hata;
-    XmlOwnedPtr<XmlOrderDef> m_orderDef;
-    XmlReferenceType m_cmdReference;
     bool m_isCommand;
 };
 
