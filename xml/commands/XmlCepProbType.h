@@ -1,12 +1,12 @@
 #pragma once
 
-#include "XmlElementBase.h"
+#include "XmlEnumElement.h"
 
 namespace KelXml {
 
 // The probability level of a circular error probable, as a text element:
 // <Probability>90</Probability>. No version and no attributes.
-class KELXML_EXPORT XmlCepProbType : public XmlElementBase
+class KELXML_EXPORT XmlCepProbType : public XmlEnumElement
 {
 public:
     enum Prob
@@ -21,18 +21,8 @@ public:
 
     XmlCepProbType();
 
-    void processXml(QXmlStreamReader& reader, const QString& elementName) override;
-    void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
-    void reset() override;
-
-    Prob prob() const { return m_prob; }
-    void setProb(Prob prob) { m_prob = prob; }
-
-protected:
-    void checkContent(XmlChecks& checks) const override;
-
-private:
-    Prob m_prob;
+    Prob prob() const { return Prob(value()); }
+    void setProb(Prob prob) { setValue(prob); }
 };
 
 } // namespace KelXml

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "XmlElementBase.h"
+#include "XmlEnumElement.h"
 
 namespace KelXml {
 
 // The size of a result grid as a text element: <ResultGrid>100</ResultGrid>.
 // No version and no attributes.
-class KELXML_EXPORT XmlResultGridType : public XmlElementBase
+class KELXML_EXPORT XmlResultGridType : public XmlEnumElement
 {
 public:
     enum GridSize
@@ -22,18 +22,8 @@ public:
 
     XmlResultGridType();
 
-    void processXml(QXmlStreamReader& reader, const QString& elementName) override;
-    void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
-    void reset() override;
-
-    GridSize size() const { return m_size; }
-    void setSize(GridSize size) { m_size = size; }
-
-protected:
-    void checkContent(XmlChecks& checks) const override;
-
-private:
-    GridSize m_size;
+    GridSize size() const { return GridSize(value()); }
+    void setSize(GridSize size) { setValue(size); }
 };
 
 } // namespace KelXml

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "XmlElementBase.h"
+#include "XmlEnumElement.h"
 
 namespace KelXml {
 
 // The category of a device in a signal chain, as element text:
 // <DeviceCategory>Receiver</DeviceCategory>. No version and no attributes.
-class KELXML_EXPORT XmlDeviceCategoryType : public XmlElementBase
+class KELXML_EXPORT XmlDeviceCategoryType : public XmlEnumElement
 {
 public:
     enum Category : qint32
@@ -22,18 +22,8 @@ public:
 
     XmlDeviceCategoryType();
 
-    void processXml(QXmlStreamReader& reader, const QString& elementName) override;
-    void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
-    void reset() override;
-
-    Category category() const { return m_category; }
-    void setCategory(Category category) { m_category = category; }
-
-protected:
-    void checkContent(XmlChecks& checks) const override;
-
-private:
-    Category m_category = Undefined;
+    Category category() const { return Category(value()); }
+    void setCategory(Category category) { setValue(category); }
 };
 
 } // namespace KelXml

@@ -1,0 +1,35 @@
+#include "XmlEnumElement.h"
+
+#include "XmlKit.h"
+
+namespace KelXml {
+
+XmlEnumElement::XmlEnumElement(const Shape& shape)
+    : XmlElementBase(QLatin1String(shape.classname))
+    , m_shape(&shape)
+{}
+
+void XmlEnumElement::processXml(QXmlStreamReader& reader, const QString& elementName)
+{
+    XmlElementReader in(*this, reader, elementName, XmlElementReader::TextWording);
+    in.readEnumText(*m_shape->texts, QLatin1String(m_shape->badText),
+                    [this](int value) { m_value = value; });
+}
+
+void XmlEnumElement::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
+{
+    writer.writeTextElement(elementName, m_shape->texts->text(m_value));
+}
+
+void XmlEnumElement::checkContent(XmlChecks& checks) const
+{
+    checks.expect(m_value != 0, QLatin1String(m_shape->unset));
+}
+
+void XmlEnumElement::reset()
+{
+    m_value = 0;
+    XmlElementBase::reset();
+}
+
+} // namespace KelXml
