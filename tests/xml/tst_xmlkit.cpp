@@ -135,6 +135,17 @@ private slots:
                      {KelXmlTest::block("XmlObjNameType", {"Object name too short (min. 1)."})}));
     }
 
+    // Date-times to the second, without a fraction or an offset for a local
+    // time, whatever the Qt version; an invalid one is an empty text.
+    void dateTimes()
+    {
+        const QDateTime local(QDate(2021, 3, 4), QTime(5, 6, 7, 890));
+        QCOMPARE(XmlKit::formatDateTime(local), QStringLiteral("2021-03-04T05:06:07"));
+        QCOMPARE(XmlKit::formatDateTime(QDateTime()), QString());
+        QCOMPARE(XmlKit::parseDateTime(QStringLiteral("2021-03-04T05:06:07")), local.addMSecs(-890));
+        QVERIFY(!XmlKit::parseDateTime(QStringLiteral("2020-13-01T00:00:00")).isValid());
+    }
+
     // Copies share nothing with their source, whether a child is there or not.
     void ownedPointerCopies()
     {
