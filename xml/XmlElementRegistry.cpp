@@ -34,8 +34,10 @@
 #include "XmlFreqThrListType.h"
 #include "XmlFreqThrPairType.h"
 #include "XmlFreqType.h"
+#include "XmlGridResultType.h"
 #include "XmlGridValuesType.h"
 #include "XmlInterlinkPlanningType.h"
+#include "XmlInterlinkResultType.h"
 #include "XmlKeyType.h"
 #include "XmlLengthType.h"
 #include "XmlMapListType.h"
@@ -59,6 +61,7 @@
 #include "XmlReceiverType.h"
 #include "XmlReferenceType.h"
 #include "XmlResultGridType.h"
+#include "XmlResultObjectType.h"
 #include "XmlRxParamType.h"
 #include "XmlSignalPathType.h"
 #include "XmlSinadType.h"
@@ -173,6 +176,10 @@ const Registration registrations[] = {
     KELXML_ROW(XmlPropModelP533Type, "", "P.533 model parameters"),
     KELXML_ROW(XmlResultGridType, "", "the size of a result grid"),
     KELXML_ROW(XmlGridValuesType, "", "the value range and unit of a result grid"),
+    KELXML_ROW(XmlGridResultType, "",
+               "the result of a grid calculation: parameters and picture file"),
+    KELXML_ROW(XmlInterlinkResultType, "", "the result of an interlink planning"),
+    KELXML_ROW(XmlResultObjectType, "", "a scenario object that the server reports"),
 };
 
 const Registration* find(const QString& nameOrAlias)

@@ -1,0 +1,192 @@
+#include "XmlGridResultType.h"
+
+#include "XmlKit.h"
+
+namespace KelXml {
+
+namespace {
+using Self = XmlGridResultType;
+
+const QString typeAttribute = QStringLiteral("type");
+const QString parameterElement = QStringLiteral("Parameter");
+const QString screenshotElement = QStringLiteral("ScreenshotFilename");
+
+const XmlEnumTexts typeTexts({{Self::FindSites, "FindSites"},
+                              {Self::Cep, "CEP"},
+                              {Self::DetectProb, "DetectProb"},
+                              {Self::DfCoverage, "DfCoverage"},
+                              {Self::BestSensorCov, "BestSensorCov"}},
+                             "UNDEFINED");
+// The element that wraps the parameters and the file name of each type.
+const XmlEnumTexts wrapperNames({{Self::FindSites, "FindPossibleSites"},
+                                 {Self::Cep, "CEP"},
+                                 {Self::DetectProb, "DetectionProbability"},
+                                 {Self::DfCoverage, "DFcoverage"},
+                                 {Self::BestSensorCov, "BestSensorCov"}},
+                                "");
+const XmlEnumTexts mismatchMessages(
+    {{Self::FindSites, "Type is 'FindSites' but no FindSites parameters or other parameters found"},
+     {Self::Cep, "Type is 'CEP' but no CEP parameters or other parameters found"},
+     {Self::DetectProb,
+      "Type is 'DetectProb' but no DetectProb parameters or other parameters found"},
+     {Self::DfCoverage,
+      "Type is 'DfCoverage' but no DfCoverage parameters or other parameters found"},
+     {Self::BestSensorCov,
+      "Type is 'BestSensorCov' but no BestSensorCov parameters or other parameters found"}},
+    "");
+
+const int firstType = Self::FindSites;
+const int lastType = Self::BestSensorCov;
+
+template <class T>
+IXmlElement* renewed(XmlOwnedPtr<T>& child)
+{
+    child = XmlOwnedPtr<T>::make();
+    return child.get();
+}
+} // namespace
+
+XmlGridResultType::XmlGridResultType()
+    : XmlElementBase(QStringLiteral("XmlGridResultType"))
+    , m_type(ResultUndefined)
+{}
+
+IXmlElement* XmlGridResultType::parameter(int type) const
+{
+    switch (type) {
+    case FindSites:
+        return m_findSites.get();
+    case Cep:
+        return m_cep.get();
+    case DetectProb:
+        return m_detectProb.get();
+    case DfCoverage:
+        return m_dfCov.get();
+    case BestSensorCov:
+        return m_bestSensor.get();
+    default:
+        return nullptr;
+    }
+}
+
+IXmlElement* XmlGridResultType::renewParameter(int type)
+{
+    switch (type) {
+    case FindSites:
+        return renewed(m_findSites);
+    case Cep:
+        return renewed(m_cep);
+    case DetectProb:
+        return renewed(m_detectProb);
+    case DfCoverage:
+        return renewed(m_dfCov);
+    case BestSensorCov:
+        return renewed(m_bestSensor);
+    default:
+        return nullptr;
+    }
+}
+
+void XmlGridResultType::processXml(QXmlStreamReader& reader, const QString& elementName)
+{
+    XmlElementReader in(*this, reader, elementName, XmlElementReader::NamedWording);
+    if (!in.atStartTag())
+        return;
+    const auto type = typeTexts.parse(reader.attributes().value(typeAttribute).toString());
+    m_type = ResultType(type.value_or(ResultUndefined));
+    if (!type) {
+        in.fail(QStringLiteral("Illegal attribute value in \"%1\"").arg(typeAttribute));
+        return;
+    }
+
+    // Only the wrapper of the own type opens; inside it "Parameter", then
+    // "ScreenshotFilename". The parameter object reads under the wrapper's
+    // name, and the "Parameter" end tag is then expected here.
+    const QString wrapper = wrapperNames.text(m_type);
+    bool insideWrapper = false;
+    bool wrapperClosed = false;
+    bool parameterClosed = false;
+    bool screenshotRead = false;
+
+    XmlElementReader::Handlers handlers;
+    handlers.start = [&](const QString& name) {
+        if (name == wrapper && !insideWrapper && !wrapperClosed) {
+            insideWrapper = true;
+        } else if (name == parameterElement && insideWrapper && !parameterClosed &&
+                   !screenshotRead) {
+            if (IXmlElement* object = renewParameter(m_type))
+                object->processXml(reader, wrapper);
+        } else if (name == screenshotElement && insideWrapper && parameterClosed &&
+                   !screenshotRead) {
+            m_screenshotFilename = reader.readElementText();
+            screenshotRead = true;
+        } else {
+            return false;
+        }
+        return true;
+    };
+    handlers.passEnd = [&](const QString& name) {
+        if (!insideWrapper)
+            return false;
+        if (name == parameterElement) {
+            parameterClosed = true;
+        } else if (wrapperNames.parse(name)) {
+            insideWrapper = false;
+            wrapperClosed = true;
+        } else {
+            return false;
+        }
+        return true;
+    };
+    handlers.mayEnd = [&]() {
+        return wrapperClosed && parameterClosed && screenshotRead && !insideWrapper;
+    };
+    in.run(handlers);
+}
+
+void XmlGridResultType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
+{
+    // Every object held is written in its own wrapper, whatever the type says.
+    writer.writeStartElement(elementName);
+    writer.writeAttribute(typeAttribute, typeTexts.text(m_type));
+    for (int type = firstType; type <= lastType; ++type) {
+        const IXmlElement* object = parameter(type);
+        if (!object)
+            continue;
+        writer.writeStartElement(wrapperNames.text(type));
+        object->produceXml(writer, parameterElement);
+        writer.writeTextElement(screenshotElement, m_screenshotFilename);
+        writer.writeEndElement();
+    }
+    writer.writeEndElement();
+}
+
+void XmlGridResultType::checkContent(XmlChecks& checks) const
+{
+    // A known type needs its own object and no other; a type beyond the table
+    // passes this test.
+    if (m_type >= firstType && m_type <= lastType) {
+        int held = 0;
+        for (int type = firstType; type <= lastType; ++type)
+            held += parameter(type) ? 1 : 0;
+        checks.expect(parameter(m_type) && held == 1, mismatchMessages.text(m_type));
+    }
+    for (int type = firstType; type <= lastType; ++type)
+        checks.child(parameter(type));
+    checks.expect(m_type != ResultUndefined, QStringLiteral("Type not defined"));
+    checks.expect(!m_screenshotFilename.isEmpty(), QStringLiteral("Screenshot path not set"));
+}
+
+void XmlGridResultType::reset()
+{
+    m_type = ResultUndefined;
+    m_findSites.reset();
+    m_cep.reset();
+    m_detectProb.reset();
+    m_dfCov.reset();
+    m_bestSensor.reset();
+    m_screenshotFilename.clear();
+    XmlElementBase::reset();
+}
+
+} // namespace KelXml

@@ -1,0 +1,84 @@
+#include "XmlInterlinkResultType.h"
+
+#include "XmlKit.h"
+
+namespace KelXml {
+
+namespace {
+const QString parametersElement = QStringLiteral("Parameters");
+const QString resultElement = QStringLiteral("Result");
+const QString textElement = QStringLiteral("Text");
+const QString screenshotElement = QStringLiteral("ScreenshotFilename");
+} // namespace
+
+XmlInterlinkResultType::XmlInterlinkResultType()
+    : XmlElementBase(QStringLiteral("XmlInterlinkResultType"))
+{}
+
+void XmlInterlinkResultType::processXml(QXmlStreamReader& reader, const QString& elementName)
+{
+    // "Parameters" comes before everything else but is not needed before
+    // "Result"; inside "Result", "Text" and then "ScreenshotFilename". The
+    // element ends once "Parameters" and "Text" were read and "Result" closed.
+    XmlElementReader in(*this, reader, elementName, XmlElementReader::NamedWording);
+    bool parametersRead = false;
+    bool insideResult = false;
+    bool textRead = false;
+    bool screenshotRead = false;
+
+    XmlElementReader::Handlers handlers;
+    handlers.start = [&](const QString& name) {
+        if (name == parametersElement && !parametersRead && !insideResult && !textRead &&
+            !screenshotRead) {
+            m_parameters.processXml(reader, parametersElement);
+            parametersRead = true;
+        } else if (name == resultElement && !insideResult && !textRead && !screenshotRead) {
+            insideResult = true;
+        } else if (name == textElement && insideResult && !textRead && !screenshotRead) {
+            m_resultText = reader.readElementText();
+            textRead = true;
+        } else if (name == screenshotElement && insideResult && !screenshotRead) {
+            m_screenshotFilename = reader.readElementText();
+            screenshotRead = true;
+        } else {
+            return false;
+        }
+        return true;
+    };
+    handlers.passEnd = [&](const QString& name) {
+        if (name != resultElement || !insideResult)
+            return false;
+        insideResult = false;
+        return true;
+    };
+    handlers.mayEnd = [&]() { return parametersRead && !insideResult && textRead; };
+    in.run(handlers);
+}
+
+void XmlInterlinkResultType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
+{
+    writer.writeStartElement(elementName);
+    m_parameters.produceXml(writer, parametersElement);
+    writer.writeStartElement(resultElement);
+    writer.writeTextElement(textElement, m_resultText);
+    if (hasScreenshotFilename())
+        writer.writeTextElement(screenshotElement, m_screenshotFilename);
+    writer.writeEndElement();
+    writer.writeEndElement();
+}
+
+void XmlInterlinkResultType::checkContent(XmlChecks& checks) const
+{
+    checks.child(const_cast<XmlInterlinkPlanningType*>(&m_parameters));
+    checks.expect(!m_resultText.isEmpty(), QStringLiteral("Missing Result Text"));
+}
+
+void XmlInterlinkResultType::reset()
+{
+    m_parameters.reset();
+    m_resultText.clear();
+    m_screenshotFilename.clear();
+    XmlElementBase::reset();
+}
+
+} // namespace KelXml

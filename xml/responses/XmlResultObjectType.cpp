@@ -1,0 +1,93 @@
+#include "XmlResultObjectType.h"
+
+#include "XmlKit.h"
+
+namespace KelXml {
+
+namespace {
+const QString stationElement = QStringLiteral("Station");
+const QString emitterElement = QStringLiteral("Emitter");
+const QString receiverElement = QStringLiteral("Receiver");
+const QString dfElement = QStringLiteral("DF");
+
+// Deletes the object held and reads a new one in its place.
+template <class T>
+void readNew(XmlOwnedPtr<T>& child, QXmlStreamReader& reader, const QString& name)
+{
+    child = XmlOwnedPtr<T>::make();
+    child->processXml(reader, name);
+}
+} // namespace
+
+XmlResultObjectType::XmlResultObjectType()
+    : XmlElementBase(QStringLiteral("XmlResultObjectType"))
+{}
+
+void XmlResultObjectType::processXml(QXmlStreamReader& reader, const QString& elementName)
+{
+    // One object is read; every later start tag is refused by name, and every
+    // end tag is refused as well, the element's own included. Start tags are
+    // worded as elements, end tags as named tokens.
+    XmlElementReader in(*this, reader, elementName, XmlElementReader::NamedWording);
+    bool objectRead = false;
+
+    const auto readObject = [&](const QString& name) {
+        if (name == stationElement)
+            readNew(m_station, reader, name);
+        else if (name == dfElement)
+            readNew(m_df, reader, name);
+        else if (name == emitterElement)
+            readNew(m_emitter, reader, name);
+        else if (name == receiverElement)
+            readNew(m_rx, reader, name);
+        else
+            return false;
+        return true;
+    };
+
+    XmlElementReader::Handlers handlers;
+    handlers.start = [&](const QString& name) {
+        if (!objectRead && readObject(name)) {
+            objectRead = true;
+            return true;
+        }
+        // Raised here, so the loop's own wording for refused start tags never shows.
+        in.fail(QStringLiteral("Unexpected element \"%1\"").arg(name));
+        return false;
+    };
+    handlers.mayEnd = []() { return false; };
+    in.run(handlers);
+}
+
+void XmlResultObjectType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
+{
+    writer.writeStartElement(elementName);
+    if (m_station)
+        m_station->produceXml(writer, stationElement);
+    if (m_emitter)
+        m_emitter->produceXml(writer, emitterElement);
+    if (m_rx)
+        m_rx->produceXml(writer, receiverElement);
+    if (m_df)
+        m_df->produceXml(writer, dfElement);
+    writer.writeEndElement();
+}
+
+void XmlResultObjectType::checkContent(XmlChecks& checks) const
+{
+    checks.child(m_station.get());
+    checks.child(m_emitter.get());
+    checks.child(m_rx.get());
+    checks.child(m_df.get());
+}
+
+void XmlResultObjectType::reset()
+{
+    m_station.reset();
+    m_emitter.reset();
+    m_rx.reset();
+    m_df.reset();
+    XmlElementBase::reset();
+}
+
+} // namespace KelXml

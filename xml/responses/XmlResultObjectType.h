@@ -1,0 +1,50 @@
+#pragma once
+
+#include "XmlDfType.h"
+#include "XmlElementBase.h"
+#include "XmlEmitterType.h"
+#include "XmlOwned.h"
+#include "XmlReceiverType.h"
+#include "XmlStationType.h"
+
+namespace KelXml {
+
+// One scenario object that the server reports: a station, an emitter, a
+// receiver or a direction finder.
+// <Station><Emitter version="1.0">...</Emitter></Station>.
+// No version, no position check. It is meant to hold one object; only the
+// reading enforces that. The reading refuses every end tag, the element's own
+// included, so it always ends in an error once the object has been read.
+class KELXML_EXPORT XmlResultObjectType : public XmlElementBase
+{
+public:
+    XmlResultObjectType();
+
+    void processXml(QXmlStreamReader& reader, const QString& elementName) override;
+    void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
+    void reset() override;
+
+    bool hasStation() const { return bool(m_station); }
+    const XmlStationType* station() const { return m_station.get(); }
+    void setStation(const XmlStationType& station) { m_station.assign(station); }
+    bool hasEmitter() const { return bool(m_emitter); }
+    const XmlEmitterType* emitter() const { return m_emitter.get(); }
+    void setEmitter(const XmlEmitterType& emitter) { m_emitter.assign(emitter); }
+    bool hasRx() const { return bool(m_rx); }
+    const XmlReceiverType* rx() const { return m_rx.get(); }
+    void setRx(const XmlReceiverType& rx) { m_rx.assign(rx); }
+    bool hasDf() const { return bool(m_df); }
+    const XmlDfType* df() const { return m_df.get(); }
+    void setDf(const XmlDfType& df) { m_df.assign(df); }
+
+protected:
+    void checkContent(XmlChecks& checks) const override;
+
+private:
+    XmlOwnedPtr<XmlStationType> m_station;
+    XmlOwnedPtr<XmlEmitterType> m_emitter;
+    XmlOwnedPtr<XmlReceiverType> m_rx;
+    XmlOwnedPtr<XmlDfType> m_df;
+};
+
+} // namespace KelXml
