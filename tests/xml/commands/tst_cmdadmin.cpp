@@ -21,7 +21,6 @@ private slots:
         QTest::addColumn<bool>("query");
         QTest::addColumn<QString>("reference");
         const QString query = "<QueryVersion/>", ref = "<Reference>r1</Reference>";
-        QTest::newRow("query, reference") << query + ref << QString() << true << "r1";
         QTest::newRow("references around query")
             << ref + query + "<Reference>r2</Reference>" << QString() << true << "r2";
         QTest::newRow("reference in query")
