@@ -59,21 +59,9 @@ private slots:
         QTest::newRow("create station")
             << "XmlCmdCreate"
             << "<Create>" + station + reference + "</Create>" << QString();
-        QTest::newRow("create two objects")
-            << "XmlCmdCreate"
-            << "<Create>" + station + station + reference + "</Create>"
-            << "Unexpected element \"Station\"";
-        QTest::newRow("create without reference") << "XmlCmdCreate"
-                                                  << "<Create>" + station + "</Create>" << end;
         QTest::newRow("calc reference first") << "XmlCmdCalc"
                                               << "<Calculate>" + reference + cep + "</Calculate>"
                                               << "Unexpected element \"CEP\"";
-        QTest::newRow("calc two references")
-            << "XmlCmdCalc"
-            << "<Calculate>" + cep + reference + reference + "</Calculate>"
-            << "Unexpected element \"Reference\"";
-        QTest::newRow("calc without request") << "XmlCmdCalc"
-                                              << "<Calculate>" + reference + "</Calculate>" << end;
         QTest::newRow("delete all emitters")
             << "XmlCmdDelete"
             << "<Delete><Emitter><All/></Emitter>" + reference + "</Delete>" << QString();
@@ -146,18 +134,10 @@ private slots:
         QTest::newRow("empty") << QString() << QString();
         QTest::newRow("order definition late")
             << admin + orderDef << "Unexpected token \"StartElement\": ORDER_DEF";
-        QTest::newRow("two order definitions")
-            << orderDef + orderDef << "Unexpected token \"StartElement\": ORDER_DEF";
         QTest::newRow("create after delete")
             << badDelete + create << "Unexpected token \"StartElement\": Create";
-        QTest::newRow("administrative after create")
-            << create + admin << "Unexpected token \"StartElement\": Administrative";
-        QTest::newRow("second model")
-            << model + model << "Unexpected token \"StartElement\": PropagationModel";
         QTest::newRow("model after calculate")
             << calc + model << "Unexpected token \"StartElement\": PropagationModel";
-        QTest::newRow("unknown") << QStringLiteral("<Foo/>")
-                                 << "Unexpected token \"StartElement\": Foo";
     }
     void documentOrderOfKinds()
     {
