@@ -87,6 +87,7 @@ namespace {
 
 const QString wrongPosition = QStringLiteral("Parse error (wrong position)");
 const QString missingAttribute = QStringLiteral("Missing attribute: \"%1\"");
+const QString illegalAttribute = QStringLiteral("Illegal attribute value in \"%1\"");
 const QString versionNotSupported = QStringLiteral("Version not supported: %1");
 const QString invalidToken = QStringLiteral("Invalid token");
 const QString unexpectedStartDocument = QStringLiteral("Unexpected token \"StartDocument\"");
@@ -149,6 +150,19 @@ bool XmlElementReader::readRequired(const QString& attribute, QString& value)
     }
     value = found.toString();
     return true;
+}
+
+void XmlElementReader::failAttribute(const QString& attribute)
+{
+    fail(illegalAttribute.arg(attribute));
+}
+
+int XmlElementReader::readEnumAttribute(const QString& attribute, const XmlEnumTexts& texts)
+{
+    const auto value = texts.parse(m_reader.attributes().value(attribute).toString());
+    if (!value)
+        failAttribute(attribute);
+    return value.value_or(0);
 }
 
 bool XmlElementReader::checkVersion(const QString& version)

@@ -206,6 +206,12 @@ public:
     // Takes a required attribute; absent or empty raises
     // "Missing attribute: \"<name>\"" and leaves the value as it was.
     bool readRequired(const QString& attribute, QString& value);
+    // Raises "Illegal attribute value in \"<attribute>\"".
+    void failAttribute(const QString& attribute);
+    // An enumeration attribute of the current start tag, read whether present
+    // or not: a text outside the table (absence included) gives 0 and
+    // failAttribute().
+    int readEnumAttribute(const QString& attribute, const XmlEnumTexts& texts);
     // Raises "Version not supported: <version>" for any version but "1.0".
     bool checkVersion(const QString& version);
 

@@ -8,8 +8,7 @@ XmlField::XmlField(const char* name, bool required)
     , m_required(required)
 {}
 
-XmlField XmlField::oneOf(std::initializer_list<XmlField> alternatives,
-                         const char* neitherMessage)
+XmlField XmlField::oneOf(std::initializer_list<XmlField> alternatives, const char* neitherMessage)
 {
     XmlField field("", true);
     field.m_alternatives.assign(alternatives.begin(), alternatives.end());
@@ -52,6 +51,14 @@ XmlField XmlField::refusedBy(std::initializer_list<const char*> names) const
     XmlField copy(*this);
     for (const char* name : names)
         copy.m_refusedBy.append(QLatin1String(name));
+    return copy;
+}
+
+XmlField XmlField::after(std::initializer_list<const char*> names) const
+{
+    XmlField copy(*this);
+    for (const char* name : names)
+        copy.m_after.append(QLatin1String(name));
     return copy;
 }
 
@@ -129,8 +136,8 @@ QStringList XmlSeen::among(const QStringList& names) const
     return present;
 }
 
-XmlLayout::XmlLayout(const char* classname, XmlElementReader::Wording wording,
-                     VersionRule version, std::vector<XmlField> fields)
+XmlLayout::XmlLayout(const char* classname, XmlElementReader::Wording wording, VersionRule version,
+                     std::vector<XmlField> fields)
     : m_classname(QLatin1String(classname))
     , m_wording(wording)
     , m_version(version)
@@ -189,11 +196,15 @@ void XmlLayout::index()
         if (field.m_required)
             m_required |= quint64(1) << slot;
         if (field.m_alternatives.empty()) {
-            m_entries.push_back({&field, int(slot), 0, false});
+            m_entries.push_back({&field, int(slot), 0, 0, false});
         } else {
             for (const XmlField& alternative : field.m_alternatives)
-                m_entries.push_back({&alternative, int(slot), 0, true});
+                m_entries.push_back({&alternative, int(slot), 0, 0, true});
         }
+    }
+    for (Entry& entry : m_entries) {
+        const XmlField& group = m_fields[size_t(entry.slot)];
+        entry.needs = maskOf(entry.inGroup ? group.m_after : entry.field->m_after);
     }
     Q_ASSERT(m_entries.size() <= 64);
     for (Entry& entry : m_entries) {
@@ -254,32 +265,37 @@ bool XmlLayout::begin(XmlComposite& owner, XmlElementReader& in) const
     return m_version != CheckedVersion || in.checkVersion(owner.m_version);
 }
 
+bool XmlLayout::readChild(XmlComposite& owner, XmlElementReader& in, const QString& name,
+                          Progress& progress) const
+{
+    const Entry* entry = entryFor(name);
+    if (!entry || (progress.order & entry->refusers) ||
+        (entry->needs && !(progress.order & entry->needs)))
+        return false;
+    const XmlField& field = *entry->field;
+    if (entry->inGroup && m_fields[size_t(entry->slot)].m_exclusive) {
+        for (const XmlField& other : m_fields[size_t(entry->slot)].m_alternatives) {
+            if (&other != &field)
+                other.m_clear(owner);
+        }
+    }
+    IXmlElement* child =
+        (field.m_replaced ? field.m_replace : field.m_read)(owner, in.reader(), name);
+    if (field.m_afterRead && child)
+        field.m_afterRead(owner, *child);
+    progress.order |= quint64(1) << entry->slot;
+    progress.entries |= quint64(1) << (entry - m_entries.data());
+    return true;
+}
+
 void XmlLayout::readChildren(XmlComposite& owner, XmlElementReader& in) const
 {
-    quint64 seen = 0;        // by slot, for the order
-    quint64 seenEntries = 0; // by child, for the completeness predicate
+    Progress progress;
     XmlElementReader::Handlers handlers;
-    handlers.start = [&](const QString& name) {
-        const Entry* entry = entryFor(name);
-        if (!entry || (seen & entry->refusers))
-            return false;
-        const XmlField& field = *entry->field;
-        if (entry->inGroup && m_fields[size_t(entry->slot)].m_exclusive) {
-            for (const XmlField& other : m_fields[size_t(entry->slot)].m_alternatives) {
-                if (&other != &field)
-                    other.m_clear(owner);
-            }
-        }
-        IXmlElement* child =
-            (field.m_replaced ? field.m_replace : field.m_read)(owner, in.reader(), name);
-        if (field.m_afterRead && child)
-            field.m_afterRead(owner, *child);
-        seen |= quint64(1) << entry->slot;
-        seenEntries |= quint64(1) << (entry - m_entries.data());
-        return true;
-    };
+    handlers.start = [&](const QString& name) { return readChild(owner, in, name, progress); };
     handlers.mayEnd = [&]() {
-        return (seen & m_required) == m_required && (!m_complete || m_complete(XmlSeen(*this, seenEntries)));
+        return (progress.order & m_required) == m_required &&
+               (!m_complete || m_complete(XmlSeen(*this, progress.entries)));
     };
     in.run(handlers);
 }

@@ -48,7 +48,8 @@ public:
     template <class Owner, class T>
     static XmlField optional(const char* name, XmlOwnedPtr<T> Owner::*member)
     {
-        return optional(name, member, +[]() -> T* { return new T; });
+        return optional(
+            name, member, +[]() -> T* { return new T; });
     }
     template <class Owner, class T>
     static XmlField optional(const char* name, XmlOwnedPtr<T> Owner::*member, T* (*make)())
@@ -128,8 +129,7 @@ public:
     // order: once one was read, none of them is accepted again, and reading
     // one deletes the others. The element needs one of them; the report names
     // the child present, or gives the message when none or several are.
-    static XmlField oneOf(std::initializer_list<XmlField> alternatives,
-                          const char* neitherMessage);
+    static XmlField oneOf(std::initializer_list<XmlField> alternatives, const char* neitherMessage);
     // At most one of several optional children is read: once one was read,
     // none of them is accepted again. Reading one leaves the others as they
     // are. The report gives each child held, then the message unless exactly
@@ -143,6 +143,9 @@ public:
     // Refused once any of the named children (itself included, when named)
     // was read, instead of once itself or a later child was read.
     XmlField refusedBy(std::initializer_list<const char*> names) const;
+    // Accepted only once one of the named children was read (for a group,
+    // every alternative).
+    XmlField after(std::initializer_list<const char*> names) const;
     // Accepted wherever it stands, once.
     XmlField anywhere() const;
     // Reading deletes the child held and reads into a new one.
@@ -185,6 +188,7 @@ private:
     bool m_anywhere = false;
     bool m_unchecked = false;
     QStringList m_refusedBy;
+    QStringList m_after;
     Get m_get;
     Read m_read;
     Read m_replace;
@@ -216,7 +220,6 @@ private:
 
     const XmlLayout& m_layout;
     quint64 m_entries; // one bit per readable child, choices' alternatives apart
-
 };
 
 // The children of a composite class in writing (and checking) order, with how
@@ -250,8 +253,18 @@ public:
     // The opening: position test and version as the class has them. False
     // after an error.
     bool begin(XmlComposite& owner, XmlElementReader& in) const;
+    // Which children one reading has met so far.
+    struct Progress
+    {
+        quint64 order = 0;   // by place in the order
+        quint64 entries = 0; // by child, choices' alternatives apart
+    };
     // The token loop over the children, up to the own end tag.
     void readChildren(XmlComposite& owner, XmlElementReader& in) const;
+    // One child start tag, for a class that runs its own loop: reads the child
+    // and returns true when the table admits it at this point.
+    bool readChild(XmlComposite& owner, XmlElementReader& in, const QString& name,
+                   Progress& progress) const;
     void write(const XmlComposite& owner, QXmlStreamWriter& writer,
                const QString& elementName) const;
     // Every child's verdict or report, in table order.
@@ -267,6 +280,7 @@ private:
         const XmlField* field;
         int slot;
         quint64 refusers;
+        quint64 needs; // one of these must have been read; 0 for none
         bool inGroup;
     };
 

@@ -112,6 +112,8 @@ public:
         clear();
         m_list = std::move(copies);
     }
+    // Appends a copy of the object, which stays the caller's.
+    void appendCopy(const T& object) { m_list.append(new T(object)); }
     // Appends a default-constructed member and returns it.
     T* appendNew()
     {
