@@ -92,12 +92,9 @@ void XmlGridResultType::processXml(QXmlStreamReader& reader, const QString& elem
     XmlElementReader in(*this, reader, elementName, XmlElementReader::NamedWording);
     if (!in.atStartTag())
         return;
-    const auto type = typeTexts.parse(reader.attributes().value(typeAttribute).toString());
-    m_type = ResultType(type.value_or(ResultUndefined));
-    if (!type) {
-        in.fail(QStringLiteral("Illegal attribute value in \"%1\"").arg(typeAttribute));
+    m_type = ResultType(in.readEnumAttribute(typeAttribute, typeTexts));
+    if (in.failed())
         return;
-    }
 
     // Only the wrapper of the own type opens; inside it "Parameter", then
     // "ScreenshotFilename". The parameter object reads under the wrapper's

@@ -20,7 +20,7 @@ namespace KelXml {
 class KELXML_EXPORT XmlGridResultType : public XmlElementBase
 {
 public:
-    enum ResultType
+    enum ResultType : qint32
     {
         ResultUndefined = 0, // written "UNDEFINED", never accepted
         FindSites,

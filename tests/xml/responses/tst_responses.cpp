@@ -1,0 +1,245 @@
+// Automatic and interactive responses and the response document: attribute
+// and content reading, the writer's priority, the parity verdict that the
+// report does not share, and the type/content rules.
+
+#include "KelXmlTest.h"
+
+#include <XmlKit.h>
+#include <XmlRespRoot.h>
+
+#include <QtTest>
+
+using namespace KelXml;
+using KelXmlTest::block;
+
+namespace {
+
+const QString ref = "<CommandReference>c</CommandReference>";
+const QString fault =
+    "<Automatic status=\"fault\">" + ref + "<ErrorMessage>x</ErrorMessage></Automatic>";
+const QString stamp = " timestamp=\"2021-03-04T05:06:07\"";
+const QString link = "<InterlinkResult><Parameters><FirstName>A</FirstName><SecondName>B"
+                     "</SecondName></Parameters><Result><Text>ok</Text></Result></InterlinkResult>";
+
+// The element names of the written element's children.
+QString childNames(const IXmlElement& element)
+{
+    QStringList names;
+    QXmlStreamReader reader(KelXmlTest::write(element, "E"));
+    reader.readNextStartElement();
+    while (reader.readNextStartElement()) {
+        names << reader.name().toString();
+        reader.skipCurrentElement();
+    }
+    return names.join(' ');
+}
+
+// The reference and the content items named by letters: E error message,
+// T estimated time, V version, G grid result, I interlink result (each valid).
+XmlAutoRespType automatic(int status, const QString& items)
+{
+    XmlAutoRespType response;
+    KelXmlTest::read(response, "<A status=\"ack\">" + ref + "<KelVersion/></A>");
+    response.setStatus(XmlAutoRespType::RespStatus(status));
+    XmlCepType cep;
+    KelXmlTest::read(cep, "<P><UseDFs><All/></UseDFs><AOIs><All/></AOIs></P>");
+    XmlGridResultType grid;
+    grid.setType(XmlGridResultType::Cep);
+    grid.setCep(cep);
+    grid.setScreenshotFilename("g.png");
+    XmlInterlinkResultType interlink;
+    KelXmlTest::read(interlink, link);
+    if (items.contains('E'))
+        response.setErrorMessage("failed");
+    if (items.contains('T'))
+        response.setEstimatedTime(QDateTime(QDate(2021, 3, 4), QTime(5, 6)));
+    if (items.contains('V'))
+        response.setKelVersion("4.2");
+    if (items.contains('G'))
+        response.setGridResult(grid);
+    if (items.contains('I'))
+        response.setInterlinkResult(interlink);
+    return response;
+}
+
+} // namespace
+
+class TestResponses : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void readingErrors_data()
+    {
+        QTest::addColumn<QString>("xml");
+        QTest::addColumn<QString>("error");
+        const QString a = "XmlAutoRespType: ", i = "XmlInteractRespType: ", r = "XmlRespRoot: ";
+        const QString ack = "<Automatic status=\"ack\">", version = "<KelVersion>1</KelVersion>";
+        const QString root = "<R type=\"automatic\" final=\"1\"";
+        const QString start = "Unexpected token \"StartElement\": ";
+        const QString illegal = "Illegal attribute value in \"%1\"";
+        QTest::newRow("ACK") << "<Automatic status=\"ACK\">" << a + illegal.arg("status");
+        QTest::newRow("reference only")
+            << ack + ref + "</Automatic>" << a + "Unexpected token \"EndElement\": Automatic";
+        QTest::newRow("reference last") << ack + version + ref << a + start + "CommandReference";
+        QTest::newRow("month 13") << ack + ref +
+                                         "<EstimatedTime>2020-13-01T00:00:00</EstimatedTime>"
+                                  << a + "Illegal dateTime format";
+        QTest::newRow("no result")
+            << "<Interactive></Interactive>" << i + "Unexpected token \"EndElement\": Interactive";
+        QTest::newRow("two results")
+            << "<Interactive>" + link + "<Station/>" << i + start + "Station";
+        QTest::newRow("Automatic") << "<R type=\"Automatic\">" << r + illegal.arg("type");
+        QTest::newRow("30 February")
+            << root + " timestamp=\"2021-02-30T00:00:00\">" << r + illegal.arg("timestamp");
+        QTest::newRow("two contents")
+            << root + stamp + ">" + fault + "<Interactive/>" << r + start + "Interactive";
+    }
+    void readingErrors()
+    {
+        QFETCH(QString, xml);
+        QFETCH(QString, error);
+        XmlAutoRespType automatic;
+        XmlInteractRespType interactive;
+        XmlRespRoot root;
+        IXmlElement& element = xml.startsWith("<A")   ? static_cast<IXmlElement&>(automatic)
+                               : xml.startsWith("<I") ? static_cast<IXmlElement&>(interactive)
+                                                      : root;
+        const QString read = KelXmlTest::read(element, xml);
+        const auto colon = error.indexOf(": "); // the class, then the message
+        QVERIFY2(read.startsWith("in " + error.left(colon) + " (line ") &&
+                     read.endsWith(error.mid(colon) + '.'),
+                 qPrintable(read));
+    }
+
+    // Any letter case of TRUE and FALSE, or 1 and 0; a refused value (or none)
+    // keeps the old one, and the reading goes on to the timestamp.
+    void rootFinal()
+    {
+        const QStringList texts = {"tRUE", "1", "fAlSe", "0", "yes", "01", ""};
+        const QStringList after = {"11", "11", "00", "00", "01", "01", "01"};
+        for (int i = 0; i < texts.size(); ++i) {
+            for (const bool before : {false, true}) {
+                XmlRespRoot root;
+                root.setFinal(before);
+                root.setTimestamp(QDateTime());
+                KelXmlTest::read(root, "<R final=\"" + texts[i] + '"' + stamp + "/>");
+                QCOMPARE(root.isFinal(), after[i][int(before)] == '1');
+                QCOMPARE(root.timestamp(), QDateTime(QDate(2021, 3, 4), QTime(5, 6, 7)));
+            }
+        }
+    }
+
+    // ORDER_DEF anywhere and again, the last one kept; booleans written in lower case.
+    void rootOrderDefs()
+    {
+        const auto order = [](char digit) {
+            return "<ORDER_DEF><ORDER_ID>KEL" + QString(15, digit) +
+                   "</ORDER_ID><ORDER_SENDER>srv</ORDER_SENDER></ORDER_DEF>";
+        };
+        const QString open = "<R type=\"automatic\" final=\"%1\"" + stamp + ">";
+        XmlRespRoot root;
+        QCOMPARE(KelXmlTest::read(root, open.arg("FALSE") + order('1') + fault + order('2') +
+                                            order('3') + "</R>"),
+                 QString());
+        QVERIFY(root.isValid());
+        QCOMPARE(KelXmlTest::write(root, "R"), open.arg("false") + order('3') + fault + "</R>");
+    }
+
+    // Reading keeps the kinds it does not meet; the result object is written
+    // under "Station"; the count message has no full stop.
+    void interactiveKeepsOtherResults()
+    {
+        XmlInteractRespType interactive;
+        interactive.setResult(XmlResultObjectType());
+        QCOMPARE(KelXmlTest::read(interactive, "<I>" + link + "</I>"), QString());
+        QCOMPARE(interactive.syntaxError(),
+                 block("XmlInteractRespType", {"Illegal number of elements"}));
+        QCOMPARE(childNames(interactive), QString("InterlinkResult Station"));
+    }
+
+    // The writer's priority, and a verdict by the parity of the content items
+    // that the report does not share.
+    void automaticContent_data()
+    {
+        QTest::addColumn<int>("status");
+        QTest::addColumn<QString>("items");
+        QTest::addColumn<QString>("written");
+        QTest::addColumn<bool>("valid");
+        QTest::addColumn<QString>("report");
+        const auto row = [](int status, const char* items, const char* written, bool valid,
+                            const char* report) {
+            QTest::addRow("%d %s", status, items)
+                << status << QString(items) << QString(written) << valid << QString(report);
+        };
+        row(1, "E", "ErrorMessage", true, "");
+        row(2, "E", "ErrorMessage", false, "Has ErrorMessage but not status 'fault'");
+        row(1, "ETV", "ErrorMessage", false, "Has ErrorMessage but also EstimatedTime");
+        row(0, "V", "KelVersion", false, "Status not defined.\nMust have status 'ack'");
+        row(2, "", "", false, "");
+        row(2, "TVI", "EstimatedTime", true, "If EstimatedTime given, no results allowed");
+        row(2, "VGI", "KelVersion GridResult InterlinkResult", true,
+            "If KelVersion set, no results allowed");
+        row(2, "GI", "GridResult InterlinkResult", false, "Only one result allowed");
+    }
+    void automaticContent()
+    {
+        QFETCH(int, status);
+        QFETCH(QString, items);
+        QFETCH(QString, written);
+        QFETCH(bool, valid);
+        QFETCH(QString, report);
+        XmlAutoRespType response = automatic(status, items);
+        QCOMPARE(childNames(response), ("CommandReference " + written).trimmed());
+        QCOMPARE(response.isValid(), valid);
+        QCOMPARE(response.syntaxError(),
+                 report.isEmpty() ? report : block("XmlAutoRespType", {report}));
+    }
+
+    // The type names the content that must be there, and alone; the other
+    // content is not mentioned when the announced one is missing.
+    void rootTypeAndContent_data()
+    {
+        QTest::addColumn<int>("type");
+        QTest::addColumn<QString>("content");
+        QTest::addColumn<QString>("message");
+        const auto row = [](int type, const char* content, const char* message) {
+            QTest::addRow("%d %s", type, content) << type << QString(content) << QString(message);
+        };
+        row(2, "AI", "Type automatic but interactive content");
+        row(2, "I", "Type automatic but no content");
+        row(1, "A", "Type interactive but no content");
+        row(0, "A", "Type not defined.");
+        row(7, "", "");
+    }
+    void rootTypeAndContent()
+    {
+        QFETCH(int, type);
+        QFETCH(QString, content);
+        QFETCH(QString, message);
+        XmlRespRoot root;
+        root.setType(XmlRespRoot::RespType(type));
+        if (content.contains('A'))
+            root.setAutoResp(automatic(1, "E"));
+        if (content.contains('I'))
+            root.setInteractResp(XmlInteractRespType());
+        QCOMPARE(root.isValid(), message.isEmpty());
+        QCOMPARE(root.syntaxError(), message.isEmpty() ? message : block("XmlRespRoot", {message}));
+    }
+
+    // The timestamp is the time of construction, taken anew by reset().
+    void rootDefaults()
+    {
+        const QString before = XmlKit::formatDateTime(QDateTime::currentDateTime());
+        XmlRespRoot root;
+        root.setTimestamp(QDateTime(QDate(2000, 1, 1), QTime(0, 0)));
+        root.reset();
+        const QString time = XmlKit::formatDateTime(root.timestamp());
+        QVERIFY(before <= time && time <= XmlKit::formatDateTime(QDateTime::currentDateTime()));
+        QCOMPARE(KelXmlTest::write(root, "R"),
+                 "<R type=\"UNDEFINED\" final=\"true\" timestamp=\"" + time + "\"/>");
+    }
+};
+
+QTEST_GUILESS_MAIN(TestResponses)
+#include "tst_responses.moc"

@@ -1,0 +1,135 @@
+#include "XmlRespRoot.h"
+
+#include "XmlKit.h"
+
+namespace KelXml {
+
+namespace {
+const QString typeAttribute = QStringLiteral("type");
+const QString finalAttribute = QStringLiteral("final");
+const QString timestampAttribute = QStringLiteral("timestamp");
+const QString orderDefElement = QStringLiteral("ORDER_DEF");
+const QString automaticElement = QStringLiteral("Automatic");
+const QString interactiveElement = QStringLiteral("Interactive");
+
+const XmlEnumTexts typeTexts({{XmlRespRoot::Interactive, "interactive"},
+                              {XmlRespRoot::Automatic, "automatic"}},
+                             "UNDEFINED");
+
+// The content that the type announces must be there, and alone.
+void checkAnnounced(XmlChecks& checks, IXmlElement* announced, bool otherPresent,
+                    const QString& bothMessage, const QString& noneMessage)
+{
+    if (!announced)
+        checks.expect(false, noneMessage);
+    else if (otherPresent)
+        checks.expect(false, bothMessage);
+    else
+        checks.child(announced);
+}
+} // namespace
+
+XmlRespRoot::XmlRespRoot()
+    : XmlElementBase(QStringLiteral("XmlRespRoot"))
+    , m_type(Undefined)
+    , m_final(true)
+    , m_timestamp(QDateTime::currentDateTime())
+{}
+
+void XmlRespRoot::processXml(QXmlStreamReader& reader, const QString& elementName)
+{
+    XmlElementReader in(*this, reader, elementName, XmlElementReader::NamedWording);
+    if (!in.atStartTag())
+        return;
+
+    // Every attribute is read, also after an earlier one was refused; the
+    // first refusal is the one reported.
+    const QXmlStreamAttributes attributes = reader.attributes();
+    m_type = RespType(in.readEnumAttribute(typeAttribute, typeTexts));
+    const QString final = attributes.value(finalAttribute).toString();
+    if (final.toUpper() == QLatin1String("TRUE") || final == QLatin1String("1"))
+        m_final = true;
+    else if (final.toUpper() == QLatin1String("FALSE") || final == QLatin1String("0"))
+        m_final = false;
+    else
+        in.failAttribute(finalAttribute);
+    m_timestamp = XmlKit::parseDateTime(attributes.value(timestampAttribute).toString());
+    if (!m_timestamp.isValid())
+        in.failAttribute(timestampAttribute);
+
+    // Each element met is read into a fresh object; the content kind not met
+    // stays as it was.
+    bool contentRead = false;
+    XmlElementReader::Handlers handlers;
+    handlers.start = [&](const QString& name) {
+        if (name == orderDefElement) {
+            m_orderDef = XmlOwnedPtr<XmlOrderDef>::make();
+            m_orderDef->processXml(reader, name);
+            return true;
+        }
+        if (contentRead)
+            return false;
+        if (name == automaticElement) {
+            m_autoResp = XmlOwnedPtr<XmlAutoRespType>::make();
+            m_autoResp->processXml(reader, name);
+        } else if (name == interactiveElement) {
+            m_interactResp = XmlOwnedPtr<XmlInteractRespType>::make();
+            m_interactResp->processXml(reader, name);
+        } else {
+            return false;
+        }
+        contentRead = true;
+        return true;
+    };
+    in.run(handlers);
+}
+
+void XmlRespRoot::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
+{
+    writer.writeStartElement(elementName);
+    writer.writeAttribute(typeAttribute, typeTexts.text(m_type));
+    writer.writeAttribute(finalAttribute,
+                          m_final ? QStringLiteral("true") : QStringLiteral("false"));
+    writer.writeAttribute(timestampAttribute, XmlKit::formatDateTime(m_timestamp));
+    if (m_orderDef)
+        m_orderDef->produceXml(writer, orderDefElement);
+    if (m_autoResp)
+        m_autoResp->produceXml(writer, automaticElement);
+    if (m_interactResp)
+        m_interactResp->produceXml(writer, interactiveElement);
+    writer.writeEndElement();
+}
+
+void XmlRespRoot::checkContent(XmlChecks& checks) const
+{
+    // A type set beyond the enumeration asks nothing of the content.
+    switch (m_type) {
+    case Undefined:
+        checks.expect(false, QStringLiteral("Type not defined."));
+        break;
+    case Automatic:
+        checkAnnounced(checks, m_autoResp.get(), hasInteractResp(),
+                       QStringLiteral("Type automatic but interactive content"),
+                       QStringLiteral("Type automatic but no content"));
+        break;
+    case Interactive:
+        checkAnnounced(checks, m_interactResp.get(), hasAutoResp(),
+                       QStringLiteral("Type interactive but automatic content"),
+                       QStringLiteral("Type interactive but no content"));
+        break;
+    }
+    checks.child(m_orderDef.get());
+}
+
+void XmlRespRoot::reset()
+{
+    m_orderDef.reset();
+    m_autoResp.reset();
+    m_interactResp.reset();
+    m_final = true;
+    m_type = Undefined;
+    m_timestamp = QDateTime::currentDateTime();
+    XmlElementBase::reset();
+}
+
+} // namespace KelXml
