@@ -3,6 +3,7 @@
 #include "XmlAoiType.h"
 #include "XmlAreaPolyType.h"
 #include "XmlAreaRectType.h"
+#include "XmlAutoRespType.h"
 #include "XmlBandwidthType.h"
 #include "XmlBestSensorType.h"
 #include "XmlCepProbType.h"
@@ -36,8 +37,10 @@
 #include "XmlFreqType.h"
 #include "XmlGridResultType.h"
 #include "XmlGridValuesType.h"
+#include "XmlInteractRespType.h"
 #include "XmlInterlinkPlanningType.h"
 #include "XmlInterlinkResultType.h"
+#include "XmlKelBtType.h"
 #include "XmlKeyType.h"
 #include "XmlLengthType.h"
 #include "XmlMapListType.h"
@@ -60,6 +63,12 @@
 #include "XmlPropModelType.h"
 #include "XmlReceiverType.h"
 #include "XmlReferenceType.h"
+#include "XmlResInfo_BestSensor_Type.h"
+#include "XmlResInfo_Cep_Type.h"
+#include "XmlResInfo_DetectProb_Type.h"
+#include "XmlResInfo_DfCov_Type.h"
+#include "XmlResInfo_FindSites_Type.h"
+#include "XmlRespRoot.h"
 #include "XmlResultGridType.h"
 #include "XmlResultObjectType.h"
 #include "XmlRxParamType.h"
@@ -180,6 +189,15 @@ const Registration registrations[] = {
                "the result of a grid calculation: parameters and picture file"),
     KELXML_ROW(XmlInterlinkResultType, "", "the result of an interlink planning"),
     KELXML_ROW(XmlResultObjectType, "", "a scenario object that the server reports"),
+    KELXML_ROW(XmlAutoRespType, "", "the server's answer to one command"),
+    KELXML_ROW(XmlInteractRespType, "", "a result the server sends on its own"),
+    KELXML_ROW(XmlRespRoot, "response", "a whole response message"),
+    KELXML_ROW(XmlResInfo_BestSensor_Type, "", "a stored best-sensor coverage result"),
+    KELXML_ROW(XmlResInfo_Cep_Type, "", "a stored circular-error-probable result"),
+    KELXML_ROW(XmlResInfo_DetectProb_Type, "", "a stored detection-probability result"),
+    KELXML_ROW(XmlResInfo_DfCov_Type, "", "a stored direction-finding coverage result"),
+    KELXML_ROW(XmlResInfo_FindSites_Type, "", "a stored possible-sites result"),
+    KELXML_ROW(XmlKelBtType, "scenario", "a whole scenario snapshot"),
 };
 
 const Registration* find(const QString& nameOrAlias)

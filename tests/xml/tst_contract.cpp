@@ -43,6 +43,15 @@ const QStringList defaultsDoNotReadBack = {
     QStringLiteral("XmlGridValuesType"),
     QStringLiteral("XmlGridResultType"),
     QStringLiteral("XmlResultObjectType"),
+    QStringLiteral("XmlAutoRespType"),
+    QStringLiteral("XmlInteractRespType"),
+    QStringLiteral("XmlRespRoot"),
+    QStringLiteral("XmlResInfo_BestSensor_Type"),
+    QStringLiteral("XmlResInfo_Cep_Type"),
+    QStringLiteral("XmlResInfo_DetectProb_Type"),
+    QStringLiteral("XmlResInfo_DfCov_Type"),
+    QStringLiteral("XmlResInfo_FindSites_Type"),
+    QStringLiteral("XmlKelBtType"),
 };
 
 // Name selections that a default object leaves unmade, which reading makes,
@@ -52,6 +61,17 @@ const QStringList readingMakesValid = {
     QStringLiteral("XmlBestSensorType"), QStringLiteral("XmlDetectProbType"),
     QStringLiteral("XmlDfCovType"),      QStringLiteral("XmlCepType"),
     QStringLiteral("XmlFindSitesType")};
+
+// The object written, less the time of its making, which a default response
+// message takes from the clock.
+QString written(const IXmlElement& element)
+{
+    QString text = KelXmlTest::write(element, QStringLiteral("E"));
+    const int at = text.indexOf(QLatin1String(" timestamp=\""));
+    if (at >= 0)
+        text.remove(at, text.indexOf(QLatin1Char('"'), at + 12) + 1 - at);
+    return text;
+}
 
 QString text(const QString& path)
 {
@@ -146,14 +166,14 @@ private slots:
     {
         QFETCH(QString, className);
         const auto pristine = XmlElementRegistry::create(className);
-        const QString expected = KelXmlTest::write(*pristine, QStringLiteral("E"));
+        const QString expected = written(*pristine);
         const QMap<QString, QString> samples = readableSamples(className);
         for (const QString& sample : samples) {
             const auto element = XmlElementRegistry::create(className);
             KelXmlTest::read(*element, sample);
             element->syntaxError();
             element->reset();
-            QCOMPARE(KelXmlTest::write(*element, QStringLiteral("E")), expected);
+            QCOMPARE(written(*element), expected);
             QCOMPARE(element->isValid(), pristine->isValid());
             QCOMPARE(element->syntaxError(), pristine->syntaxError());
         }

@@ -1,0 +1,96 @@
+#pragma once
+
+#include "XmlAoiType.h"
+#include "XmlComposite.h"
+#include "XmlDeploymentAreaType.h"
+#include "XmlDfType.h"
+#include "XmlEmitterType.h"
+#include "XmlOwned.h"
+#include "XmlReceiverType.h"
+#include "XmlResInfo_Cep_Type.h"
+#include "XmlResInfo_DetectProb_Type.h"
+#include "XmlResInfo_DfCov_Type.h"
+#include "XmlResInfo_FindSites_Type.h"
+
+#include <QList>
+
+#include <vector>
+
+namespace KelXml {
+
+// A scenario snapshot, under a root element named by the caller:
+// <Root version="1.0"><ScreenshotPath>view.png</ScreenshotPath>
+// <DisplayedObjects>...</DisplayedObjects></Root>, the displayed objects
+// grouped by kind in the order DeploymentArea, AreaOfInterest, KnownEmitter,
+// Receiver, DirectionFinder, Result_FindSites, Result_CEP, Result_DetectProb,
+// Result_DfCoverage, each kind any number of times.
+//
+// Only non-empty text marks the path as read: after an empty ScreenshotPath
+// the DisplayedObjects element is refused. Reading refuses any version but
+// "1.0" and adds to the lists held: reset() first to reuse a document.
+class KELXML_EXPORT XmlKelBtType : public XmlVersionedComposite
+{
+public:
+    XmlKelBtType();
+
+    void processXml(QXmlStreamReader& reader, const QString& elementName) override;
+    void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
+    void reset() override;
+
+    const QString& screenshotPath() const { return m_screenshotPath; }
+    void setScreenshotPath(const QString& path) { m_screenshotPath = path; }
+
+    // Per kind: add a copy, the number held, and the document's own objects.
+    void addDeployment(const XmlDeploymentAreaType& area) { m_deployments.appendCopy(area); }
+    int hasDeployments() const { return m_deployments.size(); }
+    QList<XmlDeploymentAreaType*> deployments() const { return m_deployments.list(); }
+    void addAoi(const XmlAoiType& aoi) { m_aois.appendCopy(aoi); }
+    int hasAois() const { return m_aois.size(); }
+    QList<XmlAoiType*> aois() const { return m_aois.list(); }
+    void addKnownEmitter(const XmlEmitterType& emitter) { m_knownEmitters.appendCopy(emitter); }
+    int hasKnownEmitters() const { return m_knownEmitters.size(); }
+    QList<XmlEmitterType*> knownEmitters() const { return m_knownEmitters.list(); }
+    void addReceiver(const XmlReceiverType& receiver) { m_receivers.appendCopy(receiver); }
+    int hasReceivers() const { return m_receivers.size(); }
+    QList<XmlReceiverType*> receivers() const { return m_receivers.list(); }
+    void addDf(const XmlDfType& df) { m_dfs.appendCopy(df); }
+    int hasDfs() const { return m_dfs.size(); }
+    QList<XmlDfType*> dfs() const { return m_dfs.list(); }
+    void addResFindSite(const XmlResInfo_FindSites_Type& result)
+    {
+        m_resFindSite.appendCopy(result);
+    }
+    int hasResFindSite() const { return m_resFindSite.size(); }
+    QList<XmlResInfo_FindSites_Type*> resFindSite() const { return m_resFindSite.list(); }
+    void addResCep(const XmlResInfo_Cep_Type& result) { m_resCep.appendCopy(result); }
+    int hasResCep() const { return m_resCep.size(); }
+    QList<XmlResInfo_Cep_Type*> resCep() const { return m_resCep.list(); }
+    void addResDetectProb(const XmlResInfo_DetectProb_Type& result)
+    {
+        m_resDetectProb.appendCopy(result);
+    }
+    int hasResDetectProb() const { return m_resDetectProb.size(); }
+    QList<XmlResInfo_DetectProb_Type*> resDetectProb() const { return m_resDetectProb.list(); }
+    void addResDfCov(const XmlResInfo_DfCov_Type& result) { m_resDfCov.appendCopy(result); }
+    int hasResDfCov() const { return m_resDfCov.size(); }
+    QList<XmlResInfo_DfCov_Type*> resDfCov() const { return m_resDfCov.list(); }
+
+protected:
+    void checkContent(XmlChecks& checks) const override;
+
+private:
+    static const XmlLayout& displayedObjects();
+
+    QString m_screenshotPath;
+    XmlOwnedList<XmlDeploymentAreaType> m_deployments;
+    XmlOwnedList<XmlAoiType> m_aois;
+    XmlOwnedList<XmlEmitterType> m_knownEmitters;
+    XmlOwnedList<XmlReceiverType> m_receivers;
+    XmlOwnedList<XmlDfType> m_dfs;
+    XmlOwnedList<XmlResInfo_FindSites_Type> m_resFindSite;
+    XmlOwnedList<XmlResInfo_Cep_Type> m_resCep;
+    XmlOwnedList<XmlResInfo_DetectProb_Type> m_resDetectProb;
+    XmlOwnedList<XmlResInfo_DfCov_Type> m_resDfCov;
+};
+
+} // namespace KelXml
