@@ -19,8 +19,7 @@ namespace {
 QString unlocated(const QString& error)
 {
     const auto from = error.indexOf(" (line ");
-    const auto to = error.indexOf("): ", from);
-    return from < 0 || to < 0 ? error : error.left(from) + error.mid(to + 1);
+    return from < 0 ? error : error.left(from) + error.mid(error.indexOf("): ", from) + 1);
 }
 
 QString wrap(const QString& tag, const QString& content)
@@ -28,13 +27,8 @@ QString wrap(const QString& tag, const QString& content)
     return "<" + tag + ">" + content + "</" + tag + ">";
 }
 
-QString all(const QString& tag)
-{
-    return wrap(tag, "<All/>");
-}
-
 const QString uninitialized = block("XmlNameAllMultiType", {"Uninitialized."});
-const QString areas = all("DeploymentAreas");
+const QString areas = wrap("DeploymentAreas", "<All/>"), known = wrap("UseKnownEmitters", "<All/>");
 
 } // namespace
 
@@ -44,18 +38,14 @@ class TestRequests : public QObject
 
 private slots:
     // The level's parse message has no full stop of its own: the located
-    // error adds the only one.
-    void probabilityMessage()
+    // error adds the only one. Reading the known emitters replaces the
+    // selection held; the deployment areas, held by value, take in what they read.
+    void probabilityAndSelections()
     {
         XmlCepProbType prob;
         QCOMPARE(unlocated(KelXmlTest::read(prob, "<Probability>80</Probability>")),
                  "in XmlCepProbType: Illegal enum value.");
-    }
 
-    // Reading the known emitters replaces the selection held; the deployment
-    // areas, held by value, take in what they read.
-    void selectionsReplacedOrMerged()
-    {
         XmlObjNameType name;
         name.setObjName("X");
         XmlNameAllMultiType selection;
@@ -81,15 +71,13 @@ private slots:
         QTest::addColumn<int>("number");
         QTest::addColumn<int>("distribution");
         QTest::addColumn<QStringList>("report");
-        const QString grid = "<Distribution>Grid</Distribution>", known = all("UseKnownEmitters");
+        const QString grid = "<Distribution>Grid</Distribution>";
         const QString bounds = "RandomEmitters/Number out of bounds",
                       notSet = "RandomEmitters distribution not set",
                       refused = "in XmlFindSitesType: Unexpected token \"StartElement\": ";
         const auto emitters = [](const char* number, const QString& more) {
             return wrap("RandomEmitters", wrap("Number", number) + more);
         };
-        QTest::newRow("500") << emitters("500", grid) + areas << QString() << 500 << 2
-                             << QStringList();
         QTest::newRow("501") << emitters("501", grid) + areas << QString() << 501 << 2
                              << QStringList{bounds};
         QTest::newRow("-2") << emitters("-2", grid) + areas << QString() << -2 << 2
@@ -119,21 +107,19 @@ private slots:
     void randomEmitters()
     {
         QFETCH(QString, content);
-        QFETCH(QString, error);
-        QFETCH(int, number);
-        QFETCH(int, distribution);
         QFETCH(QStringList, report);
         XmlFindSitesType sites;
-        QCOMPARE(unlocated(KelXmlTest::read(sites, wrap("FindPossibleSites", content))), error);
-        QCOMPARE(sites.randNumber(), number);
-        QCOMPARE(int(sites.randDistri()), distribution);
+        QTEST(unlocated(KelXmlTest::read(sites, wrap("FindPossibleSites", content))), "error");
+        QTEST(sites.randNumber(), "number");
+        QTEST(int(sites.randDistri()), "distribution");
         QCOMPARE(sites.isValid(), report.isEmpty());
         QCOMPARE(sites.syntaxError(),
                  report.isEmpty() ? QString() : block("XmlFindSitesType", report));
     }
 
-    // The report puts the deployment areas before the known emitters.
-    void findSitesReport()
+    // The report puts the deployment areas before the known emitters. The
+    // block is written only with a distribution and a count not negative.
+    void findSitesReportAndWriting()
     {
         XmlFindSitesType sites;
         sites.setKnownEmitters(XmlNameAllMultiType());
@@ -144,63 +130,33 @@ private slots:
                        {uninitialized, uninitialized, "RandomEmitters/Number out of bounds",
                         "RandomEmitters distribution not set",
                         block("XmlResultGridType", {"Illegal grid size."})}));
-    }
 
-    // The block is written only with a distribution and a count not negative.
-    void findSitesWriting_data()
-    {
-        QTest::addColumn<int>("number");
-        QTest::addColumn<int>("distribution");
-        QTest::addColumn<QString>("emitters");
-        QTest::newRow("-1 grid") << -1 << 2 << QString();
-        QTest::newRow("5 undefined") << 5 << 0 << QString();
-        QTest::newRow("0 random") << 0 << 1
-                                  << "<RandomEmitters><Number>0</Number>"
-                                     "<Distribution>Random</Distribution></RandomEmitters>";
-    }
-    void findSitesWriting()
-    {
-        QFETCH(int, number);
-        QFETCH(int, distribution);
-        QFETCH(QString, emitters);
         XmlResultGridType grid;
         grid.setSize(XmlResultGridType::Grid1000);
-        XmlFindSitesType sites;
         sites.setResultGrid(grid);
-        sites.setKnownEmitters(XmlNameAllMultiType());
-        sites.setRandNumber(number);
-        sites.setRandDistri(XmlFindSitesType::Distribution(distribution));
-        QCOMPARE(sites.hasRandEmitters(), !emitters.isEmpty());
-        QCOMPARE(KelXmlTest::write(sites, "F"),
-                 wrap("F", all("UseKnownEmitters") + emitters + areas +
-                               "<ResultGrid>1000</ResultGrid>"));
+        const QString emitters = "<RandomEmitters><Number>0</Number>"
+                                 "<Distribution>Random</Distribution></RandomEmitters>";
+        for (const auto& [number, distribution] :
+             std::initializer_list<std::pair<int, int>>{{-1, 2}, {5, 0}, {0, 1}}) {
+            sites.setRandNumber(number);
+            sites.setRandDistri(XmlFindSitesType::Distribution(distribution));
+            const QString written = number == 0 ? emitters : QString();
+            QCOMPARE(sites.hasRandEmitters(), !written.isEmpty());
+            QCOMPARE(KelXmlTest::write(sites, "F"),
+                     wrap("F", known + written + areas + "<ResultGrid>1000</ResultGrid>"));
+        }
     }
 
-    // Names of up to 128 characters; a longer one is not taken, so that the
-    // report then says it is not set.
-    void interlink_data()
-    {
-        QTest::addColumn<QString>("content");
-        QTest::addColumn<QString>("error");
-        QTest::addColumn<QStringList>("report");
-        const QString n128(128, 'n'), second = wrap("SecondName", "B");
-        QTest::newRow("128") << wrap("FirstName", n128) + second << QString() << QStringList();
-        QTest::newRow("129") << wrap("FirstName", n128 + 'n') + second
-                             << "in XmlInterlinkPlanningType: FirstName too long (max. 128)."
-                             << QStringList{"FirstName not set", "SecondName not set"};
-    }
+    // A name longer than 128 characters is not taken, so that the report
+    // then says it is not set.
     void interlink()
     {
-        QFETCH(QString, content);
-        QFETCH(QString, error);
-        QFETCH(QStringList, report);
         XmlInterlinkPlanningType link;
-        const QString xml = wrap("InterlinkPlanning", content);
-        QCOMPARE(unlocated(KelXmlTest::read(link, xml)), error);
+        const QString names = wrap("FirstName", QString(129, 'n')) + wrap("SecondName", "B");
+        QCOMPARE(unlocated(KelXmlTest::read(link, wrap("InterlinkPlanning", names))),
+                 "in XmlInterlinkPlanningType: FirstName too long (max. 128).");
         QCOMPARE(link.syntaxError(),
-                 report.isEmpty() ? QString() : block("XmlInterlinkPlanningType", report));
-        if (error.isEmpty())
-            QCOMPARE(KelXmlTest::write(link, "InterlinkPlanning"), xml);
+                 block("XmlInterlinkPlanningType", {"FirstName not set", "SecondName not set"}));
     }
 };
 

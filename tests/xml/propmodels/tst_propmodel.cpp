@@ -31,30 +31,18 @@ class TestPropModel : public QObject
 private slots:
     // The whole element text, comments left out, must equal a model text
     // exactly; a refused text doubles the full stop.
-    void modelTexts_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<int>("model");
-        QTest::addColumn<QString>("written");
-        QTest::newRow("around a comment") << "P.5<!-- -->33" << 7 << "P.533";
-        QTest::newRow("trailing blank") << "ITM " << 0 << "UNDEFINED";
-    }
     void modelTexts()
     {
-        QFETCH(QString, text);
-        QFETCH(int, model);
-        QFETCH(QString, written);
         XmlPropModelEnumType selected;
         selected.setModel(XmlPropModelEnumType::Itm);
-        const QString xml = "<S>" + text + "</S>";
-        QCOMPARE(KelXmlTest::read(selected, xml),
-                 model ? QString()
-                       : KelXmlTest::located("XmlPropModelEnumType", 1, xml.size(),
-                                             "Illegal enum value."));
-        QCOMPARE(int(selected.model()), model);
-        QCOMPARE(KelXmlTest::write(selected, "S"), "<S>" + written + "</S>");
-        QCOMPARE(selected.syntaxError(),
-                 model ? QString() : block("XmlPropModelEnumType", {"No model selected."}));
+        QCOMPARE(KelXmlTest::read(selected, "<S>P.5<!-- -->33</S>"), QString());
+        QCOMPARE(KelXmlTest::write(selected, "S") + selected.syntaxError(), "<S>P.533</S>");
+        selected.setModel(XmlPropModelEnumType::Itm);
+        QCOMPARE(KelXmlTest::read(selected, "<S>ITM </S>"),
+                 KelXmlTest::located("XmlPropModelEnumType", 1, 11, "Illegal enum value."));
+        QCOMPARE(int(selected.model()), 0);
+        QCOMPARE(KelXmlTest::write(selected, "S"), "<S>UNDEFINED</S>");
+        QCOMPARE(selected.syntaxError(), block("XmlPropModelEnumType", {"No model selected."}));
     }
 
     // The model first if at all, then at most one parameter set, then the
@@ -66,29 +54,28 @@ private slots:
         QTest::addColumn<QString>("error");
         QTest::addColumn<QString>("held");
         const QString model = "<SelectModel>ITM</SelectModel>", itm = "<PropertiesITM/>";
-        QTest::newRow("set, model") << true << itm + model << "Unexpected element \"SelectModel\""
-                                    << "I";
-        QTest::newRow("set after reference")
-            << true << reference + itm << "Unexpected element \"PropertiesITM\""
-            << "";
-        QTest::newRow("not a command") << false << model + itm << QString() << "MI";
-        QTest::newRow("reference, not a command")
-            << false << reference << "Unexpected element \"Reference\""
-            << "";
+        const auto row = [](const char* tag, bool command, const QString& content,
+                            const char* error, const char* held) {
+            QTest::newRow(tag) << command << content << QString(error) << QString(held);
+        };
+        row("set, model", true, itm + model, "Unexpected element \"SelectModel\"", "I");
+        row("set after reference", true, reference + itm, "Unexpected element \"PropertiesITM\"",
+            "");
+        row("not a command", false, model + itm, "", "MI");
+        row("reference, not a command", false, reference, "Unexpected element \"Reference\"", "");
     }
     void selectionReading()
     {
         QFETCH(bool, command);
         QFETCH(QString, content);
         QFETCH(QString, error);
-        QFETCH(QString, held);
         XmlPropModelType selection(command);
         const QString read = KelXmlTest::read(selection, "<PM>" + content + "</PM>");
         QVERIFY2(error.isEmpty() ? read.isEmpty()
                                  : read.startsWith("in XmlPropModelType (") &&
                                        read.endsWith("): " + error + '.'),
                  qPrintable(read));
-        QCOMPARE(::held(selection), held);
+        QTEST(held(selection), "held");
     }
 
     // Reading replaces the kinds it meets by fresh objects and keeps the rest;
@@ -117,32 +104,26 @@ private slots:
 
     // Nested report: model, reference (command mode only), sets in writing
     // order, then the count of sets.
-    void report_data()
+    void report()
     {
-        QTest::addColumn<bool>("command");
-        QTest::addColumn<QStringList>("report");
+        const auto report = [](bool command) {
+            XmlPropModelType selection(command);
+            XmlPropModelHataType hata;
+            hata.setAreaType(XmlPropModelHataType::AreaUndefined);
+            selection.setHata(hata);
+            XmlPropModelFSType freespace;
+            freespace.setKfactor(5.0001);
+            selection.setFreespace(freespace);
+            selection.setModel(XmlPropModelEnumType());
+            return selection.isValid() ? QString() : selection.syntaxError();
+        };
         const QString model = block("XmlPropModelEnumType", {"No model selected."});
         const QString freespace = block("XmlPropModelFSType", {"K-factor out of bounds"});
         const QString hata = block("XmlPropModelHataType", {"Illegal AreaType"});
         const QString ref = block("XmlreferenceType", {"String too short (min. 1)"});
         const QString count = "Illegal number of elements.";
-        QTest::newRow("command") << true << QStringList{model, ref, freespace, hata, count};
-        QTest::newRow("not a command") << false << QStringList{model, freespace, hata, count};
-    }
-    void report()
-    {
-        QFETCH(bool, command);
-        QFETCH(QStringList, report);
-        XmlPropModelType selection(command);
-        XmlPropModelHataType hata;
-        hata.setAreaType(XmlPropModelHataType::AreaUndefined);
-        selection.setHata(hata);
-        XmlPropModelFSType freespace;
-        freespace.setKfactor(5.0001);
-        selection.setFreespace(freespace);
-        selection.setModel(XmlPropModelEnumType());
-        QVERIFY(!selection.isValid());
-        QCOMPARE(selection.syntaxError(), block("XmlPropModelType", report));
+        QCOMPARE(report(true), block("XmlPropModelType", {model, ref, freespace, hata, count}));
+        QCOMPARE(report(false), block("XmlPropModelType", {model, freespace, hata, count}));
     }
 
     // Writing order is the table's; Hata travels as "PropertiesOkumura"; the
