@@ -22,7 +22,7 @@ void XmlBandwidthType::processXml(QXmlStreamReader& reader, const QString& eleme
     if (!in.begin(m_version) || !in.readRequired(XmlKit::unitAttribute, m_unit))
         return;
     // Whole numbers only, widened to the double held.
-    in.readText([&](const QString& text) {
+    in.readText([&](QStringView text) {
         const auto value = in.parseInt(text);
         m_bandwidth = value ? double(*value) : defaultBandwidth;
     });
@@ -39,7 +39,8 @@ void XmlBandwidthType::checkContent(XmlChecks& checks) const
     checks.version(supportsVersion(), m_version);
     // Both messages carry the name of the precision class.
     checks.expect(!(m_bandwidth < 0.0), QStringLiteral("XmlDfPrecisionType: Illegal precision."));
-    checks.expect(m_unit == defaultUnit, QStringLiteral("XmlDfPrecisionType: Illegal unit."));
+    checks.expect(XmlKit::sameText(m_unit, defaultUnit),
+                  QStringLiteral("XmlDfPrecisionType: Illegal unit."));
 }
 
 void XmlBandwidthType::reset()

@@ -23,7 +23,7 @@ void XmlDBMType::processXml(QXmlStreamReader& reader, const QString& elementName
     XmlElementReader in(*this, reader, elementName, XmlElementReader::TextWording);
     if (!in.begin(m_version))
         return;
-    in.readText([&](const QString& text) { m_dBm = in.toDouble(text, defaultDBm); });
+    in.readText([&](QStringView text) { m_dBm = in.toDouble(text, defaultDBm); });
 }
 
 void XmlDBMType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const

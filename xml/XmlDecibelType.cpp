@@ -23,7 +23,7 @@ void XmlDecibelType::processXml(QXmlStreamReader& reader, const QString& element
     XmlElementReader in(*this, reader, elementName, XmlElementReader::TextWording);
     if (!in.begin(m_version))
         return;
-    in.readText([&](const QString& text) { m_decibel = in.toDouble(text, defaultDecibel); });
+    in.readText([&](QStringView text) { m_decibel = in.toDouble(text, defaultDecibel); });
 }
 
 void XmlDecibelType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const

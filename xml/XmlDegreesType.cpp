@@ -21,7 +21,7 @@ void XmlDegreesType::processXml(QXmlStreamReader& reader, const QString& element
     XmlElementReader in(*this, reader, elementName, XmlElementReader::TextWording);
     if (!in.begin(m_version))
         return;
-    in.readText([&](const QString& text) { m_degrees = in.toDouble(text, defaultDegrees); });
+    in.readText([&](QStringView text) { m_degrees = in.toDouble(text, defaultDegrees); });
 }
 
 void XmlDegreesType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const

@@ -21,7 +21,7 @@ void XmlDfPrecisionType::processXml(QXmlStreamReader& reader, const QString& ele
     XmlElementReader in(*this, reader, elementName, XmlElementReader::TextWording);
     if (!in.begin(m_version) || !in.readRequired(XmlKit::unitAttribute, m_unit))
         return;
-    in.readText([&](const QString& text) { m_precision = in.toInt(text, notSet); });
+    in.readText([&](QStringView text) { m_precision = in.toInt(text, notSet); });
 }
 
 void XmlDfPrecisionType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
@@ -34,7 +34,8 @@ void XmlDfPrecisionType::checkContent(XmlChecks& checks) const
     checks.version(supportsVersion(), m_version);
     // -1 is the lowest valid precision; the "not set" default fails.
     checks.expect(!(m_precision < -1), QStringLiteral("XmlDfPrecisionType: Illegal precision."));
-    checks.expect(m_unit == defaultUnit, QStringLiteral("XmlDfPrecisionType: Illegal unit."));
+    checks.expect(XmlKit::sameText(m_unit, defaultUnit),
+                  QStringLiteral("XmlDfPrecisionType: Illegal unit."));
 }
 
 void XmlDfPrecisionType::reset()

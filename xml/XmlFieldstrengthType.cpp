@@ -24,7 +24,7 @@ void XmlFieldstrengthType::processXml(QXmlStreamReader& reader, const QString& e
     if (!in.begin(m_version) || !in.readRequired(XmlKit::unitAttribute, m_unit))
         return;
     in.readText(
-        [&](const QString& text) { m_fieldstrength = in.toDouble(text, defaultFieldstrength); });
+        [&](QStringView text) { m_fieldstrength = in.toDouble(text, defaultFieldstrength); });
 }
 
 void XmlFieldstrengthType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
@@ -38,7 +38,7 @@ void XmlFieldstrengthType::checkContent(XmlChecks& checks) const
     checks.version(supportsVersion(), m_version);
     checks.expect(!(m_fieldstrength <= lowestFieldstrength),
                   QStringLiteral("Illegal fieldstrength."));
-    checks.expect(m_unit == defaultUnit, QStringLiteral("Illegal unit."));
+    checks.expect(XmlKit::sameText(m_unit, defaultUnit), QStringLiteral("Illegal unit."));
 }
 
 void XmlFieldstrengthType::reset()

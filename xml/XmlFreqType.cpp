@@ -24,17 +24,17 @@ void XmlFreqType::processXml(QXmlStreamReader& reader, const QString& elementNam
     XmlElementReader in(*this, reader, elementName, XmlElementReader::TextWording);
     if (!in.begin(m_version) || !in.readRequired(XmlKit::unitAttribute, m_unit))
         return;
-    in.readText([&](const QString& text) {
+    in.readText([&](QStringView text) {
         const auto value = in.parseDouble(text);
         if (!value)
             m_frequency = defaultFrequency;
-        else if (m_unit == hz)
+        else if (XmlKit::sameText(m_unit, hz))
             m_frequency = *value * 1e-6;
-        else if (m_unit == khz)
+        else if (XmlKit::sameText(m_unit, khz))
             m_frequency = *value * 0.001;
-        else if (m_unit == mhz)
+        else if (XmlKit::sameText(m_unit, mhz))
             m_frequency = *value;
-        else if (m_unit == ghz)
+        else if (XmlKit::sameText(m_unit, ghz))
             m_frequency = *value * 1000.0;
         // A value in an unknown unit is not taken; the unit check reports it.
     });
@@ -43,11 +43,11 @@ void XmlFreqType::processXml(QXmlStreamReader& reader, const QString& elementNam
 void XmlFreqType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
 {
     double value = m_frequency;
-    if (m_unit == hz)
+    if (XmlKit::sameText(m_unit, hz))
         value *= 1000000.0;
-    else if (m_unit == khz)
+    else if (XmlKit::sameText(m_unit, khz))
         value *= 1000.0;
-    else if (m_unit == ghz)
+    else if (XmlKit::sameText(m_unit, ghz))
         value *= 0.001;
     XmlKit::writeValueElement(writer, elementName, m_version, m_unit,
                               QString::number(value, 'f', 6));
@@ -57,7 +57,8 @@ void XmlFreqType::checkContent(XmlChecks& checks) const
 {
     checks.version(supportsVersion(), m_version);
     checks.expect(!(m_frequency <= 0.0), QStringLiteral("Illegal frequency."));
-    checks.expect(m_unit == hz || m_unit == khz || m_unit == mhz || m_unit == ghz,
+    checks.expect(XmlKit::sameText(m_unit, hz) || XmlKit::sameText(m_unit, khz) ||
+                      XmlKit::sameText(m_unit, mhz) || XmlKit::sameText(m_unit, ghz),
                   QStringLiteral("Illegal unit."));
 }
 

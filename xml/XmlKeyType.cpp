@@ -13,7 +13,7 @@ void XmlKeyType::processXml(QXmlStreamReader& reader, const QString& elementName
 {
     // No position check and no attributes: the loop starts at the next token.
     XmlElementReader in(*this, reader, elementName, XmlElementReader::TextWording);
-    in.readText([&](const QString& text) { m_key = in.toInt(text, 0); });
+    in.readText([&](QStringView text) { m_key = in.toInt(text, 0); });
 }
 
 void XmlKeyType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const

@@ -1,6 +1,9 @@
 #include "XmlKit.h"
 
+#include <QHash>
 #include <QXmlStreamAttributes>
+
+#include <array>
 
 namespace KelXml {
 
@@ -20,14 +23,90 @@ QDateTime parseDateTime(const QString& text)
     return QDateTime::fromString(text, Qt::ISODate);
 }
 
+namespace {
+
+bool isAsciiDigit(QChar c)
+{
+    return unsigned(c.unicode()) - '0' <= 9u;
+}
+
+// The powers of ten that a double holds exactly.
+constexpr std::array<double, 16> exactPowersOfTen{1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                  1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+
+} // namespace
+
+double toDouble(QStringView text, bool* ok)
+{
+    // "-ddd.ddd" with at most 15 digits: the digits make an integer that a
+    // double holds exactly, and one division by an exact power of ten rounds
+    // correctly, as Qt's conversion does. Any other form goes to Qt.
+    const QChar* p = text.begin();
+    const QChar* const end = text.end();
+    const bool negative = p != end && *p == QLatin1Char('-');
+    if (negative)
+        ++p;
+    quint64 mantissa = 0;
+    int digits = 0;
+    int decimals = 0;
+    bool fast = p != end && isAsciiDigit(*p);
+    for (; fast && p != end && isAsciiDigit(*p); ++p, ++digits)
+        mantissa = mantissa * 10 + (p->unicode() - '0');
+    if (fast && p != end && *p == QLatin1Char('.')) {
+        ++p;
+        fast = p != end;
+        for (; fast && p != end && isAsciiDigit(*p); ++p, ++decimals, ++digits)
+            mantissa = mantissa * 10 + (p->unicode() - '0');
+    }
+    if (fast && p == end && digits <= 15) {
+        double value = double(mantissa);
+        if (decimals > 0)
+            value /= exactPowersOfTen[size_t(decimals)];
+        *ok = true;
+        return negative ? -value : value;
+    }
+    return text.toString().toDouble(ok);
+}
+
+int toInt(QStringView text, bool* ok)
+{
+    // "-ddddddddd" (at most nine digits, so no overflow) here; the rest by Qt.
+    const QChar* p = text.begin();
+    const QChar* const end = text.end();
+    const bool negative = p != end && *p == QLatin1Char('-');
+    if (negative)
+        ++p;
+    const QChar* const first = p;
+    int value = 0;
+    for (; p != end && isAsciiDigit(*p) && p - first < 9; ++p)
+        value = value * 10 + (p->unicode() - '0');
+    if (p == end && p != first) {
+        *ok = true;
+        return negative ? -value : value;
+    }
+    return text.toString().toInt(ok, 10);
+}
+
+QString sharedText(QStringView text)
+{
+    constexpr qsizetype longest = 16;
+    if (text.size() > longest)
+        return text.toString();
+    // A small table per thread, indexed by hash: a text that comes back shares
+    // the string made the first time; a collision only replaces the entry.
+    thread_local std::array<QString, 256> recent;
+    QString& entry = recent[qHash(text) % recent.size()];
+    if (entry != text || entry.isNull() != text.isNull())
+        entry = text.toString();
+    return entry;
+}
+
 void writeValueElement(QXmlStreamWriter& writer, const QString& name, const QString& version,
                        const QString& unit, const QString& text)
 {
     writer.writeStartElement(name);
-    QXmlStreamAttributes attributes;
-    attributes.append(versionAttribute, version);
-    attributes.append(unitAttribute, unit);
-    writer.writeAttributes(attributes);
+    writer.writeAttribute(versionAttribute, version);
+    writer.writeAttribute(unitAttribute, unit);
     writer.writeCharacters(text);
     writer.writeEndElement();
 }
@@ -65,7 +144,7 @@ XmlEnumTexts XmlEnumTexts::numbered(std::initializer_list<const char*> texts)
     return result;
 }
 
-std::optional<int> XmlEnumTexts::parse(const QString& text) const
+std::optional<int> XmlEnumTexts::parse(QStringView text) const
 {
     for (const auto& entry : m_entries) {
         if (entry.second == text)
@@ -148,7 +227,7 @@ bool XmlElementReader::readRequired(const QString& attribute, QString& value)
         fail(missingAttribute.arg(attribute));
         return false;
     }
-    value = found.toString();
+    value = XmlKit::sharedText(found);
     return true;
 }
 
@@ -159,7 +238,7 @@ void XmlElementReader::failAttribute(const QString& attribute)
 
 int XmlElementReader::readEnumAttribute(const QString& attribute, const XmlEnumTexts& texts)
 {
-    const auto value = texts.parse(m_reader.attributes().value(attribute).toString());
+    const auto value = texts.parse(m_reader.attributes().value(attribute));
     if (!value)
         failAttribute(attribute);
     return value.value_or(0);
@@ -173,20 +252,20 @@ bool XmlElementReader::checkVersion(const QString& version)
     return false;
 }
 
-std::optional<double> XmlElementReader::parseDouble(const QString& text)
+std::optional<double> XmlElementReader::parseDouble(QStringView text)
 {
     bool ok = false;
-    const double value = text.toDouble(&ok);
+    const double value = XmlKit::toDouble(text, &ok);
     if (ok)
         return value;
     fail(notNumeric);
     return std::nullopt;
 }
 
-std::optional<int> XmlElementReader::parseInt(const QString& text)
+std::optional<int> XmlElementReader::parseInt(QStringView text)
 {
     bool ok = false;
-    const int value = text.toInt(&ok, 10);
+    const int value = XmlKit::toInt(text, &ok);
     if (ok)
         return value;
     fail(notNumeric);
@@ -208,37 +287,36 @@ void XmlElementReader::run(const Handlers& handlers)
             fail(unexpectedEndDocument);
             break;
         case QXmlStreamReader::StartElement: {
-            const QString name = m_reader.name().toString();
-            if (handlers.start && handlers.start(name))
+            if (handlers.start && handlers.start(m_reader.name()))
                 break;
             switch (m_wording) {
             case TextWording:
                 fail(unexpectedStartElement);
                 break;
             case ElementWording:
-                fail(unexpectedElement.arg(name));
+                fail(unexpectedElement.arg(m_reader.name().toString()));
                 break;
             case NamedWording:
-                fail(namedToken.arg(unexpectedStartElement, name));
+                fail(namedToken.arg(unexpectedStartElement, m_reader.name().toString()));
                 break;
             }
             break;
         }
         case QXmlStreamReader::EndElement: {
-            const QString name = m_reader.name().toString();
+            const QStringView name = m_reader.name();
             if (name == m_elementName) {
                 if (!handlers.mayEnd || handlers.mayEnd())
                     return;
             } else if (handlers.passEnd && handlers.passEnd(name)) {
                 break;
             }
-            fail(m_wording == NamedWording ? namedToken.arg(unexpectedEndElement, name)
+            fail(m_wording == NamedWording ? namedToken.arg(unexpectedEndElement, name.toString())
                                            : unexpectedEndElement);
             break;
         }
         case QXmlStreamReader::Characters:
             if (handlers.text)
-                handlers.text(m_reader.text().toString());
+                handlers.text(m_reader.text());
             break;
         default:
             break;
@@ -246,7 +324,7 @@ void XmlElementReader::run(const Handlers& handlers)
     }
 }
 
-void XmlElementReader::readText(const std::function<void(const QString& text)>& take)
+void XmlElementReader::readText(const std::function<void(QStringView text)>& take)
 {
     Handlers handlers;
     handlers.text = take;
@@ -256,7 +334,7 @@ void XmlElementReader::readText(const std::function<void(const QString& text)>& 
 void XmlElementReader::readEnumText(const XmlEnumTexts& texts, const QString& badValue,
                                     const std::function<void(int value)>& take)
 {
-    readText([&](const QString& text) {
+    readText([&](QStringView text) {
         const auto value = texts.parse(text);
         take(value.value_or(0));
         if (!value)
@@ -267,31 +345,38 @@ void XmlElementReader::readEnumText(const XmlEnumTexts& texts, const QString& ba
 void XmlElementReader::readChildren(const std::vector<XmlChild>& children,
                                     const std::function<bool()>& complete)
 {
-    std::vector<bool> seen(children.size(), false);
-    int last = -1;
+    // The handlers capture one pointer, so that they need no allocation.
+    struct Reading
+    {
+        XmlElementReader& in;
+        const std::vector<XmlChild>& children;
+        const std::function<bool()>& complete;
+        std::vector<bool> seen;
+        int last;
+    } reading{*this, children, complete, std::vector<bool>(children.size(), false), -1};
 
     Handlers handlers;
-    handlers.start = [&](const QString& name) {
-        for (size_t i = 0; i < children.size(); ++i) {
-            const XmlChild& child = children[i];
+    handlers.start = [&reading](QStringView name) {
+        for (size_t i = 0; i < reading.children.size(); ++i) {
+            const XmlChild& child = reading.children[i];
             if (child.name() != name)
                 continue;
             const int index = int(i);
-            if (index < last || (index == last && !child.isRepeated()))
+            if (index < reading.last || (index == reading.last && !child.isRepeated()))
                 return false;
-            child.read(m_reader);
-            seen[i] = true;
-            last = index;
+            child.read(reading.in.m_reader);
+            reading.seen[i] = true;
+            reading.last = index;
             return true;
         }
         return false;
     };
-    handlers.mayEnd = [&]() {
-        for (size_t i = 0; i < children.size(); ++i) {
-            if (children[i].isRequired() && !seen[i])
+    handlers.mayEnd = [&reading]() {
+        for (size_t i = 0; i < reading.children.size(); ++i) {
+            if (reading.children[i].isRequired() && !reading.seen[i])
                 return false;
         }
-        return !complete || complete();
+        return !reading.complete || reading.complete();
     };
     run(handlers);
 }

@@ -30,9 +30,27 @@ KELXML_EXPORT extern const QString versionAttribute; // "version"
 KELXML_EXPORT extern const QString unitAttribute;    // "unit"
 KELXML_EXPORT extern const QString defaultVersion;   // "1.0", the only supported version
 
+// Equal texts, compared in place: quick for the short words (versions,
+// units) that every element checks, and at once when both share one string.
+inline bool sameText(const QString& a, const QString& b)
+{
+    const qsizetype size = a.size();
+    if (size != b.size())
+        return false;
+    const QChar* p = a.constData();
+    const QChar* q = b.constData();
+    if (p == q)
+        return true;
+    for (qsizetype i = 0; i < size; ++i) {
+        if (p[i] != q[i])
+            return false;
+    }
+    return true;
+}
+
 inline bool isSupportedVersion(const QString& version)
 {
-    return version == defaultVersion;
+    return sameText(version, defaultVersion);
 }
 
 // Date-times as the messages carry them: ISO 8601 to the second, without a
@@ -42,7 +60,19 @@ KELXML_EXPORT QString formatDateTime(const QDateTime& dateTime);
 // Whatever ISO 8601 text Qt accepts; an invalid date-time otherwise.
 KELXML_EXPORT QDateTime parseDateTime(const QString& text);
 
-// Writes <name version="..." unit="...">text</name>, the attributes as one set.
+// Numeric text exactly as QString::toDouble() and QString::toInt(text, 10)
+// read it: the same texts accepted, bit-identical values. The common short
+// decimal forms are converted here without building a QString; everything
+// else goes to Qt.
+KELXML_EXPORT double toDouble(QStringView text, bool* ok);
+KELXML_EXPORT int toInt(QStringView text, bool* ok);
+
+// The text as a QString that shares its data with earlier equal texts of this
+// thread when it is short, so that the attribute values and words every
+// element repeats ("1.0", "MHz", "dBm") are held once and not once per element.
+KELXML_EXPORT QString sharedText(QStringView text);
+
+// Writes <name version="..." unit="...">text</name>.
 KELXML_EXPORT void writeValueElement(QXmlStreamWriter& writer, const QString& name,
                                      const QString& version, const QString& unit,
                                      const QString& text);
@@ -72,7 +102,7 @@ public:
     static XmlEnumTexts numbered(std::initializer_list<const char*> texts);
 
     // The value whose text matches exactly; nothing for any other text.
-    std::optional<int> parse(const QString& text) const;
+    std::optional<int> parse(QStringView text) const;
     // The value's text, or the text for values outside the table.
     const QString& text(int value) const;
 
@@ -174,16 +204,20 @@ public:
     // ignore character data.
     struct Handlers
     {
-        // A start tag inside the element; true when it was taken.
-        std::function<bool(const QString& name)> start;
+        // A start tag inside the element; true when it was taken. The name
+        // (and the text below) views the reader's buffer: valid until the
+        // next token is read.
+        std::function<bool(QStringView name)> start;
         // The element's own end tag; true when the element may end here.
         std::function<bool()> mayEnd;
         // An end tag of another name; true when it passes silently.
-        std::function<bool(const QString& name)> passEnd;
+        std::function<bool(QStringView name)> passEnd;
         // Character data, whitespace included.
-        std::function<void(const QString& text)> text;
+        std::function<void(QStringView text)> text;
     };
 
+    // The element name is referred to, not copied: construct the reader from
+    // the name processXml() was given.
     XmlElementReader(XmlElementBase& element, QXmlStreamReader& reader, const QString& elementName,
                      Wording wording);
 
@@ -217,19 +251,19 @@ public:
 
     // Converts numeric text; on failure raises
     // "Illegal value (must be numeric)" and gives nothing.
-    std::optional<double> parseDouble(const QString& text);
-    std::optional<int> parseInt(const QString& text);
-    double toDouble(const QString& text, double fallback)
+    std::optional<double> parseDouble(QStringView text);
+    std::optional<int> parseInt(QStringView text);
+    double toDouble(QStringView text, double fallback)
     {
         return parseDouble(text).value_or(fallback);
     }
-    int toInt(const QString& text, int fallback) { return parseInt(text).value_or(fallback); }
+    int toInt(QStringView text, int fallback) { return parseInt(text).value_or(fallback); }
 
     // The token loop, up to and including the element's end tag.
     void run(const Handlers& handlers);
     // The loop of a text-valued element: every start tag is refused and each
     // piece of character data is handed over.
-    void readText(const std::function<void(const QString& text)>& take);
+    void readText(const std::function<void(QStringView text)>& take);
     // The loop of a text element holding an enumeration: each piece of
     // character data must match one of the texts exactly; otherwise the value
     // becomes 0 and badValue is raised.
@@ -245,7 +279,7 @@ public:
 private:
     XmlElementBase& m_element;
     QXmlStreamReader& m_reader;
-    QString m_elementName;
+    const QString& m_elementName; // the caller's, alive while the element is read
     Wording m_wording;
 };
 

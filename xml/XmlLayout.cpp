@@ -239,7 +239,7 @@ int XmlLayout::entryIndex(const QString& name) const
     return -1;
 }
 
-const XmlLayout::Entry* XmlLayout::entryFor(const QString& name) const
+const XmlLayout::Entry* XmlLayout::entryFor(QStringView name) const
 {
     for (const Entry& entry : m_entries) {
         if (entry.field->m_readName == name)
@@ -265,7 +265,7 @@ bool XmlLayout::begin(XmlComposite& owner, XmlElementReader& in) const
     return m_version != CheckedVersion || in.checkVersion(owner.m_version);
 }
 
-bool XmlLayout::readChild(XmlComposite& owner, XmlElementReader& in, const QString& name,
+bool XmlLayout::readChild(XmlComposite& owner, XmlElementReader& in, QStringView name,
                           Progress& progress) const
 {
     const Entry* entry = entryFor(name);
@@ -279,8 +279,9 @@ bool XmlLayout::readChild(XmlComposite& owner, XmlElementReader& in, const QStri
                 other.m_clear(owner);
         }
     }
+    // The child reads under the table's copy of its name, equal to the tag.
     IXmlElement* child =
-        (field.m_replaced ? field.m_replace : field.m_read)(owner, in.reader(), name);
+        (field.m_replaced ? field.m_replace : field.m_read)(owner, in.reader(), field.m_readName);
     if (field.m_afterRead && child)
         field.m_afterRead(owner, *child);
     progress.order |= quint64(1) << entry->slot;
@@ -290,12 +291,23 @@ bool XmlLayout::readChild(XmlComposite& owner, XmlElementReader& in, const QStri
 
 void XmlLayout::readChildren(XmlComposite& owner, XmlElementReader& in) const
 {
-    Progress progress;
+    // The handlers capture one pointer, so that they need no allocation.
+    struct Reading
+    {
+        const XmlLayout& layout;
+        XmlComposite& owner;
+        XmlElementReader& in;
+        Progress progress;
+    } reading{*this, owner, in, {}};
     XmlElementReader::Handlers handlers;
-    handlers.start = [&](const QString& name) { return readChild(owner, in, name, progress); };
-    handlers.mayEnd = [&]() {
-        return (progress.order & m_required) == m_required &&
-               (!m_complete || m_complete(XmlSeen(*this, progress.entries)));
+    handlers.start = [&reading](QStringView name) {
+        return reading.layout.readChild(reading.owner, reading.in, name, reading.progress);
+    };
+    handlers.mayEnd = [&reading]() {
+        const XmlLayout& layout = reading.layout;
+        const Progress& progress = reading.progress;
+        return (progress.order & layout.m_required) == layout.m_required &&
+               (!layout.m_complete || layout.m_complete(XmlSeen(layout, progress.entries)));
     };
     in.run(handlers);
 }

@@ -263,7 +263,7 @@ public:
     void readChildren(XmlComposite& owner, XmlElementReader& in) const;
     // One child start tag, for a class that runs its own loop: reads the child
     // and returns true when the table admits it at this point.
-    bool readChild(XmlComposite& owner, XmlElementReader& in, const QString& name,
+    bool readChild(XmlComposite& owner, XmlElementReader& in, QStringView name,
                    Progress& progress) const;
     void write(const XmlComposite& owner, QXmlStreamWriter& writer,
                const QString& elementName) const;
@@ -287,7 +287,7 @@ private:
     void index();
     quint64 maskOf(const QStringList& names) const;
     int entryIndex(const QString& name) const;
-    const Entry* entryFor(const QString& name) const;
+    const Entry* entryFor(QStringView name) const;
 
     QString m_classname;
     XmlElementReader::Wording m_wording;

@@ -22,7 +22,7 @@ void XmlLengthType::processXml(QXmlStreamReader& reader, const QString& elementN
     XmlElementReader in(*this, reader, elementName, XmlElementReader::TextWording);
     if (!in.begin(m_version) || !in.readRequired(XmlKit::unitAttribute, m_unit))
         return;
-    in.readText([&](const QString& text) { m_length = in.toInt(text, defaultLength); });
+    in.readText([&](QStringView text) { m_length = in.toInt(text, defaultLength); });
 }
 
 void XmlLengthType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
@@ -33,7 +33,7 @@ void XmlLengthType::produceXml(QXmlStreamWriter& writer, const QString& elementN
 void XmlLengthType::checkContent(XmlChecks& checks) const
 {
     checks.version(supportsVersion(), m_version);
-    checks.expect(m_unit == defaultUnit, illegalUnit);
+    checks.expect(XmlKit::sameText(m_unit, defaultUnit), illegalUnit);
 }
 
 void XmlLengthType::reset()

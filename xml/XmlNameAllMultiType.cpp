@@ -34,7 +34,7 @@ void XmlNameAllMultiType::processXml(QXmlStreamReader& reader, const QString& el
     bool sawAll = false;
     bool sawName = false;
     XmlElementReader::Handlers handlers;
-    handlers.start = [&](const QString& name) {
+    handlers.start = [&](QStringView name) {
         if (name == allElement && !sawAll && !sawName) {
             m_names.clear();
             sawAll = true;
@@ -47,7 +47,7 @@ void XmlNameAllMultiType::processXml(QXmlStreamReader& reader, const QString& el
         }
         return false;
     };
-    handlers.passEnd = [](const QString& name) { return name == allElement; };
+    handlers.passEnd = [](QStringView name) { return name == allElement; };
     handlers.mayEnd = [&]() {
         const bool chosen = sawAll || sawName;
         if (chosen)

@@ -34,7 +34,7 @@ void XmlNameAllType::processXml(QXmlStreamReader& reader, const QString& element
     XmlElementReader in(*this, reader, elementName, XmlElementReader::ElementWording);
     bool chosen = false;
     XmlElementReader::Handlers handlers;
-    handlers.start = [&](const QString& name) {
+    handlers.start = [&](QStringView name) {
         if (name == referenceElement)
             return true;
         if (chosen)
@@ -48,7 +48,7 @@ void XmlNameAllType::processXml(QXmlStreamReader& reader, const QString& element
         chosen = true;
         return true;
     };
-    handlers.passEnd = [](const QString& name) {
+    handlers.passEnd = [](QStringView name) {
         return name == allElement || name == referenceElement;
     };
     handlers.mayEnd = [&]() {

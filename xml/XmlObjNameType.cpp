@@ -12,7 +12,7 @@ void XmlObjNameType::processXml(QXmlStreamReader& reader, const QString& element
 {
     // No position check; each piece of text replaces the name, whitespace included.
     XmlElementReader in(*this, reader, elementName, XmlElementReader::TextWording);
-    in.readText([this](const QString& text) { m_name = text; });
+    in.readText([this](QStringView text) { m_name = text.toString(); });
 }
 
 void XmlObjNameType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const

@@ -65,11 +65,11 @@ std::optional<double> XmlParam::convert(const QString& text) const
     bool ok = false;
     switch (m_kind) {
     case Number: {
-        const double value = text.toDouble(&ok);
+        const double value = XmlKit::toDouble(text, &ok);
         return ok ? std::optional<double>(value) : std::nullopt;
     }
     case Integer: {
-        const int value = text.toInt(&ok, 10);
+        const int value = XmlKit::toInt(text, &ok);
         return ok ? std::optional<double>(value) : std::nullopt;
     }
     case Choice:
@@ -118,7 +118,7 @@ void XmlParamTable::read(XmlParamSet& set, QXmlStreamReader& reader,
     XmlElementReader in(set, reader, elementName, XmlElementReader::NamedWording);
     quint32 seen = 0;
     XmlElementReader::Handlers handlers;
-    handlers.start = [&](const QString& name) {
+    handlers.start = [&](QStringView name) {
         for (size_t i = 0; i < m_fields.size(); ++i) {
             const XmlParam& field = m_fields[i];
             if (field.m_readName != name)

@@ -21,7 +21,7 @@ void XmlPowerType::processXml(QXmlStreamReader& reader, const QString& elementNa
     XmlElementReader in(*this, reader, elementName, XmlElementReader::TextWording);
     if (!in.begin(m_version) || !in.readRequired(XmlKit::unitAttribute, m_unit))
         return;
-    in.readText([&](const QString& text) { m_power = in.toDouble(text, defaultPower); });
+    in.readText([&](QStringView text) { m_power = in.toDouble(text, defaultPower); });
 }
 
 void XmlPowerType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
@@ -34,7 +34,7 @@ void XmlPowerType::checkContent(XmlChecks& checks) const
 {
     checks.version(supportsVersion(), m_version);
     checks.expect(!(m_power < -60.0), QStringLiteral("Illegal power."));
-    checks.expect(m_unit == defaultUnit, QStringLiteral("Illegal unit."));
+    checks.expect(XmlKit::sameText(m_unit, defaultUnit), QStringLiteral("Illegal unit."));
 }
 
 void XmlPowerType::reset()

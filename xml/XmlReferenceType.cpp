@@ -12,7 +12,7 @@ void XmlReferenceType::processXml(QXmlStreamReader& reader, const QString& eleme
 {
     // No position check; each piece of text replaces the reference.
     XmlElementReader in(*this, reader, elementName, XmlElementReader::TextWording);
-    in.readText([this](const QString& text) { m_reference = text; });
+    in.readText([this](QStringView text) { m_reference = text.toString(); });
 }
 
 void XmlReferenceType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const

@@ -21,7 +21,7 @@ void XmlSinadType::processXml(QXmlStreamReader& reader, const QString& elementNa
     XmlElementReader in(*this, reader, elementName, XmlElementReader::TextWording);
     if (!in.begin(m_version))
         return;
-    in.readText([&](const QString& text) { m_sinad = in.toDouble(text, defaultSinad); });
+    in.readText([&](QStringView text) { m_sinad = in.toDouble(text, defaultSinad); });
 }
 
 void XmlSinadType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const

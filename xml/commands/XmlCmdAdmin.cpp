@@ -23,7 +23,7 @@ void XmlCmdAdmin::processXml(QXmlStreamReader& reader, const QString& elementNam
     XmlElementReader in(*this, reader, elementName, XmlElementReader::ElementWording);
     bool queryClosed = false;
     XmlElementReader::Handlers handlers;
-    handlers.start = [&](const QString& name) {
+    handlers.start = [&](QStringView name) {
         if (name == queryVersionElement)
             return true;
         if (name != referenceElement)
@@ -31,7 +31,7 @@ void XmlCmdAdmin::processXml(QXmlStreamReader& reader, const QString& elementNam
         m_cmdReference.processXml(reader, referenceElement);
         return true;
     };
-    handlers.passEnd = [&](const QString& name) {
+    handlers.passEnd = [&](QStringView name) {
         if (name != queryVersionElement)
             return false;
         m_adminCmd = AdminCmdQueryVersion;

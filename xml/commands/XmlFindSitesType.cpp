@@ -45,12 +45,12 @@ void XmlFindSitesType::processXml(QXmlStreamReader& reader, const QString& eleme
     bool gridRead = false;
 
     XmlElementReader::Handlers handlers;
-    handlers.start = [&](const QString& name) {
+    handlers.start = [&](QStringView name) {
         if (name == knownEmittersElement) {
             if (knownRead || blockRead || areasRead || gridRead)
                 return false;
             m_knownEmitters.reset();
-            m_knownEmitters.ensure().processXml(reader, name);
+            m_knownEmitters.ensure().processXml(reader, knownEmittersElement);
             knownRead = true;
         } else if (name == randomEmittersElement) {
             if (blockRead || areasRead || gridRead)
@@ -77,20 +77,20 @@ void XmlFindSitesType::processXml(QXmlStreamReader& reader, const QString& eleme
         } else if (name == deploymentAreasElement) {
             if (areasRead || gridRead)
                 return false;
-            m_deploymentAreas.processXml(reader, name);
+            m_deploymentAreas.processXml(reader, deploymentAreasElement);
             areasRead = true;
         } else if (name == resultGridElement) {
             if (gridRead)
                 return false;
             m_resultGrid.reset();
-            m_resultGrid.ensure().processXml(reader, name);
+            m_resultGrid.ensure().processXml(reader, resultGridElement);
             gridRead = true;
         } else {
             return false;
         }
         return true;
     };
-    handlers.passEnd = [&](const QString& name) {
+    handlers.passEnd = [&](QStringView name) {
         if (name != randomEmittersElement || !blockOpen || !numberRead || !distributionRead)
             return false;
         blockOpen = false;

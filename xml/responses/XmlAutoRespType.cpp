@@ -34,7 +34,7 @@ void XmlAutoRespType::processXml(QXmlStreamReader& reader, const QString& elemen
     // the content, and the element ends only once both were read.
     bool referenceRead = false;
     bool contentRead = false;
-    const auto readContent = [&](const QString& name) {
+    const auto readContent = [&](QStringView name) {
         if (name == errorMessageElement) {
             m_errorMessage = reader.readElementText();
         } else if (name == estimatedTimeElement) {
@@ -45,10 +45,10 @@ void XmlAutoRespType::processXml(QXmlStreamReader& reader, const QString& elemen
             m_kelVersion = reader.readElementText();
         } else if (name == gridResultElement) {
             m_gridResult = XmlOwnedPtr<XmlGridResultType>::make();
-            m_gridResult->processXml(reader, name);
+            m_gridResult->processXml(reader, gridResultElement);
         } else if (name == interlinkResultElement) {
             m_interlinkResult = XmlOwnedPtr<XmlInterlinkResultType>::make();
-            m_interlinkResult->processXml(reader, name);
+            m_interlinkResult->processXml(reader, interlinkResultElement);
         } else {
             return false;
         }
@@ -56,13 +56,13 @@ void XmlAutoRespType::processXml(QXmlStreamReader& reader, const QString& elemen
     };
 
     XmlElementReader::Handlers handlers;
-    handlers.start = [&](const QString& name) {
+    handlers.start = [&](QStringView name) {
         if (contentRead)
             return false;
         if (name == referenceElement) {
             if (referenceRead)
                 return false;
-            m_reference.processXml(reader, name);
+            m_reference.processXml(reader, referenceElement);
             referenceRead = true;
             return true;
         }

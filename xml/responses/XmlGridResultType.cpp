@@ -106,7 +106,7 @@ void XmlGridResultType::processXml(QXmlStreamReader& reader, const QString& elem
     bool screenshotRead = false;
 
     XmlElementReader::Handlers handlers;
-    handlers.start = [&](const QString& name) {
+    handlers.start = [&](QStringView name) {
         if (name == wrapper && !insideWrapper && !wrapperClosed) {
             insideWrapper = true;
         } else if (name == parameterElement && insideWrapper && !parameterClosed &&
@@ -122,7 +122,7 @@ void XmlGridResultType::processXml(QXmlStreamReader& reader, const QString& elem
         }
         return true;
     };
-    handlers.passEnd = [&](const QString& name) {
+    handlers.passEnd = [&](QStringView name) {
         if (!insideWrapper)
             return false;
         if (name == parameterElement) {

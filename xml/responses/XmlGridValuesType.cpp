@@ -50,7 +50,7 @@ void XmlGridValuesType::processXml(QXmlStreamReader& reader, const QString& elem
     bool maxRead = false;
 
     XmlElementReader::Handlers handlers;
-    handlers.start = [&](const QString& name) {
+    handlers.start = [&](QStringView name) {
         if (place != Outside)
             return false;
         if (name == minElement && !minRead && !maxRead) {
@@ -63,7 +63,7 @@ void XmlGridValuesType::processXml(QXmlStreamReader& reader, const QString& elem
         }
         return false;
     };
-    handlers.passEnd = [&](const QString& name) {
+    handlers.passEnd = [&](QStringView name) {
         if (name == minElement && place == InMin) {
             minRead = true;
         } else if (name == maxElement && place == InMax) {
@@ -75,7 +75,7 @@ void XmlGridValuesType::processXml(QXmlStreamReader& reader, const QString& elem
         return true;
     };
     handlers.mayEnd = [&]() { return maxRead; };
-    handlers.text = [&](const QString& text) {
+    handlers.text = [&](QStringView text) {
         bool ok = false;
         const double value = text.toDouble(&ok);
         if (!ok)

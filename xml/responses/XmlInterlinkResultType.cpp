@@ -27,7 +27,7 @@ void XmlInterlinkResultType::processXml(QXmlStreamReader& reader, const QString&
     bool screenshotRead = false;
 
     XmlElementReader::Handlers handlers;
-    handlers.start = [&](const QString& name) {
+    handlers.start = [&](QStringView name) {
         if (name == parametersElement && !parametersRead && !insideResult && !textRead &&
             !screenshotRead) {
             m_parameters.processXml(reader, parametersElement);
@@ -45,7 +45,7 @@ void XmlInterlinkResultType::processXml(QXmlStreamReader& reader, const QString&
         }
         return true;
     };
-    handlers.passEnd = [&](const QString& name) {
+    handlers.passEnd = [&](QStringView name) {
         if (name != resultElement || !insideResult)
             return false;
         insideResult = false;

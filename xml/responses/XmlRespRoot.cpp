@@ -61,20 +61,20 @@ void XmlRespRoot::processXml(QXmlStreamReader& reader, const QString& elementNam
     // stays as it was.
     bool contentRead = false;
     XmlElementReader::Handlers handlers;
-    handlers.start = [&](const QString& name) {
+    handlers.start = [&](QStringView name) {
         if (name == orderDefElement) {
             m_orderDef = XmlOwnedPtr<XmlOrderDef>::make();
-            m_orderDef->processXml(reader, name);
+            m_orderDef->processXml(reader, orderDefElement);
             return true;
         }
         if (contentRead)
             return false;
         if (name == automaticElement) {
             m_autoResp = XmlOwnedPtr<XmlAutoRespType>::make();
-            m_autoResp->processXml(reader, name);
+            m_autoResp->processXml(reader, automaticElement);
         } else if (name == interactiveElement) {
             m_interactResp = XmlOwnedPtr<XmlInteractRespType>::make();
-            m_interactResp->processXml(reader, name);
+            m_interactResp->processXml(reader, interactiveElement);
         } else {
             return false;
         }

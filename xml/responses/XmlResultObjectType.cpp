@@ -31,28 +31,28 @@ void XmlResultObjectType::processXml(QXmlStreamReader& reader, const QString& el
     XmlElementReader in(*this, reader, elementName, XmlElementReader::NamedWording);
     bool objectRead = false;
 
-    const auto readObject = [&](const QString& name) {
+    const auto readObject = [&](QStringView name) {
         if (name == stationElement)
-            readNew(m_station, reader, name);
+            readNew(m_station, reader, stationElement);
         else if (name == dfElement)
-            readNew(m_df, reader, name);
+            readNew(m_df, reader, dfElement);
         else if (name == emitterElement)
-            readNew(m_emitter, reader, name);
+            readNew(m_emitter, reader, emitterElement);
         else if (name == receiverElement)
-            readNew(m_rx, reader, name);
+            readNew(m_rx, reader, receiverElement);
         else
             return false;
         return true;
     };
 
     XmlElementReader::Handlers handlers;
-    handlers.start = [&](const QString& name) {
+    handlers.start = [&](QStringView name) {
         if (!objectRead && readObject(name)) {
             objectRead = true;
             return true;
         }
         // Raised here, so the loop's own wording for refused start tags never shows.
-        in.fail(QStringLiteral("Unexpected element \"%1\"").arg(name));
+        in.fail(QStringLiteral("Unexpected element \"%1\"").arg(name.toString()));
         return false;
     };
     handlers.mayEnd = []() { return false; };

@@ -60,11 +60,11 @@ void XmlAreaPolyType::processXml(QXmlStreamReader& reader, const QString& elemen
         return;
     XmlElementReader::Handlers handlers;
     // A vertex is kept even when its reading fails.
-    handlers.start = [this, &reader](const QString& name) {
+    handlers.start = [this, &reader](QStringView name) {
         if (name != vertexElement)
             return false;
         auto vertex = std::make_unique<XmlNumCoordType>();
-        vertex->processXml(reader, name);
+        vertex->processXml(reader, vertexElement);
         insertSorted(vertex.release());
         return true;
     };

@@ -49,7 +49,7 @@ void XmlKelBtType::processXml(QXmlStreamReader& reader, const QString& elementNa
     XmlLayout::Progress objects;
 
     XmlElementReader::Handlers handlers;
-    handlers.start = [&](const QString& name) {
+    handlers.start = [&](QStringView name) {
         if (name == screenshotPathElement) {
             if (pathRead || inPath || objectsClosed)
                 return false;
@@ -64,13 +64,13 @@ void XmlKelBtType::processXml(QXmlStreamReader& reader, const QString& elementNa
         }
         return inObjects && displayedObjects().readChild(*this, in, name, objects);
     };
-    handlers.text = [&](const QString& text) {
+    handlers.text = [&](QStringView text) {
         if (inPath) {
-            m_screenshotPath = text;
+            m_screenshotPath = text.toString();
             pathRead = true;
         }
     };
-    handlers.passEnd = [&](const QString& name) {
+    handlers.passEnd = [&](QStringView name) {
         if (inPath && name == screenshotPathElement) {
             inPath = false;
             return true;
