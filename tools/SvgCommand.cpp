@@ -8,7 +8,9 @@
 // bottom edges; areas are outlined (areas of interest solid, deployment areas
 // dashed), every placed object gets its kind's marker and its name, and a
 // legend counts the objects of each kind. Invalid objects are outlined in red
-// and their first problem is their tooltip.
+// and their first problem is their tooltip. Objects without a position the
+// map can show (not a number, far off the globe, a polygon of fewer than three
+// vertices) are counted in the legend only.
 
 #include "GeoCommands.h"
 
@@ -64,6 +66,16 @@ bool drawable(const Position& p)
 {
     return std::isfinite(p.longitude) && std::isfinite(p.latitude) &&
            std::abs(p.longitude) <= 360.0 && std::abs(p.latitude) <= 180.0;
+}
+
+// Whether the map shows the feature: a point at a drawable position, or an
+// area whose outline has only drawable corners.
+bool shown(const XmlGeoFeature& feature)
+{
+    if (feature.shape == XmlGeoFeature::Point)
+        return feature.positions.size() == 1 && drawable(feature.positions.first());
+    const QVector<Position> ring = feature.ring();
+    return !ring.isEmpty() && std::all_of(ring.begin(), ring.end(), drawable);
 }
 
 struct Box
@@ -410,13 +422,16 @@ void writeLegend(QXmlStreamWriter& svg, const QVector<XmlGeoFeature>& features, 
     };
     int counts[6] = {};
     int invalid = 0;
+    int hidden = 0;
     for (const XmlGeoFeature& feature : features) {
         ++counts[feature.kind];
         if (!feature.valid)
             ++invalid;
+        if (!shown(feature))
+            ++hidden;
     }
     const double rowHeight = 24.0;
-    const int rows = 6 + (invalid > 0 ? 1 : 0);
+    const int rows = 6 + (invalid > 0 ? 1 : 0) + (hidden > 0 ? 1 : 0);
     const double height = 36.0 + rows * rowHeight;
 
     svg.writeStartElement(QStringLiteral("g"));
@@ -455,6 +470,11 @@ void writeLegend(QXmlStreamWriter& svg, const QVector<XmlGeoFeature>& features, 
         svg.writeAttribute(QStringLiteral("fill"), QStringLiteral("none"));
         svg.writeAttribute(QStringLiteral("class"), QStringLiteral("legend-marker invalid"));
         writeText(svg, symbol + 22, y + 4, QStringLiteral("invalid (%1)").arg(invalid), QString());
+        y += rowHeight;
+    }
+    if (hidden > 0) {
+        writeText(svg, symbol + 22, y + 4, QStringLiteral("not on the map (%1)").arg(hidden),
+                  QString());
     }
     svg.writeEndElement();
 }
@@ -475,7 +495,7 @@ bool writeSvg(const KelXml::IXmlElement& document, const QString& title, QIODevi
     const double legendLeft = leftMargin + projection.width() + legendGap;
     const double width = legendLeft + legendWidth + 20.0;
     const double plotBottom = topMargin + projection.height() + bottomMargin;
-    const double height = std::max(plotBottom, topMargin + 36.0 + 7 * 24.0 + 20.0);
+    const double height = std::max(plotBottom, topMargin + 36.0 + 8 * 24.0 + 20.0);
 
     QXmlStreamWriter svg(&device);
     svg.setAutoFormatting(true);
@@ -497,6 +517,11 @@ bool writeSvg(const KelXml::IXmlElement& document, const QString& title, QIODevi
     writeText(svg, leftMargin, 30, title, QStringLiteral("title"));
 
     writeGraticule(svg, projection);
+    if (features.isEmpty()) {
+        writeText(svg, leftMargin + projection.width() / 2, topMargin + projection.height() / 2,
+                  QStringLiteral("No geographic objects"), QStringLiteral("title"),
+                  QStringLiteral("middle"));
+    }
 
     // Deployment areas under areas of interest, areas under markers, names on top.
     svg.writeStartElement(QStringLiteral("g"));

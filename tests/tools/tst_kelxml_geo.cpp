@@ -71,7 +71,8 @@ QString scenario(const QString& objects)
 }
 
 // A rectangle, a polygon whose vertices run clockwise, an emitter whose name
-// needs escaping, and a receiver north of the pole.
+// needs escaping, one at an infinite longitude, and a receiver north of the
+// pole.
 const QString smallScenario = scenario(
     "<DeploymentArea version=\"1.0\"><Name>Ridge</Name><AreaRect version=\"1.0\">" +
     coordinate("UpperLeft", "10.9", "47.6") + coordinate("LowerRight", "11.3", "47.4") +
@@ -82,7 +83,7 @@ const QString smallScenario = scenario(
     coordinate("Vertex", "8.63", "53.515", 2) + coordinate("Vertex", "8.57", "53.52", 0) +
     coordinate("Vertex", "8.612", "53.541", 1) + "</AreaPolygon>" + txParameter +
     value("RxThreshold", "dBm", "-107") + "</AreaOfInterest>" +
-    emitter("Beacon &lt;7&gt; &amp; co", "8.601", "53.53") +
+    emitter("Beacon &lt;7&gt; &amp; co", "8.601", "53.53") + emitter("Lost", "inf", "53.5") +
     "<Receiver version=\"1.0\"><Name>East</Name>" + coordinate("Position", "8.65", "91") +
     "<RxParameter version=\"1.0\">" + value("AntennaHeight", "m", "15") +
     value("RxThreshold", "dBm", "-115") + "</RxParameter></Receiver>");
@@ -198,7 +199,7 @@ private slots:
         QCOMPARE(error.error, QJsonParseError::NoError);
         QCOMPARE(collection.value("type").toString(), QString("FeatureCollection"));
         const QJsonArray features = collection.value("features").toArray();
-        QCOMPARE(features.size(), 4);
+        QCOMPARE(features.size(), 5);
 
         QCOMPARE(features[0].toObject(), json(R"({"type": "Feature",
             "geometry": {"type": "Polygon", "coordinates":
@@ -218,7 +219,12 @@ private slots:
             "properties": {"kind": "Emitter", "name": "Beacon <7> & co", "valid": true,
                 "frequency_MHz": 156.8, "power_W": 25, "antennaHeight_m": 12,
                 "bandwidth_kHz": 16}})"));
-        QCOMPARE(features[3].toObject(), json(R"({"type": "Feature",
+        QCOMPARE(features[3].toObject(), json(R"({"type": "Feature", "geometry": null,
+            "properties": {"kind": "Emitter", "name": "Lost", "valid": false,
+                "problem": "XmlCoordinateType: Longitude out of bounds",
+                "frequency_MHz": 156.8, "power_W": 25, "antennaHeight_m": 12,
+                "bandwidth_kHz": 16}})"));
+        QCOMPARE(features[4].toObject(), json(R"({"type": "Feature",
             "geometry": {"type": "Point", "coordinates": [8.65, 91]},
             "properties": {"kind": "Receiver", "name": "East", "valid": false,
                 "problem": "XmlCoordinateType: Latitude out of bounds",
@@ -286,7 +292,8 @@ private slots:
     }
 
     // Outlines, markers (the invalid one in its own style), escaped names and
-    // the counts of the legend on the map of the small scenario.
+    // the counts of the legend on the map of the small scenario; the object
+    // at an infinite longitude is counted but not drawn.
     void svgOfSmallScenario()
     {
         QTemporaryDir dir;
@@ -313,8 +320,8 @@ private slots:
                                        "marker receiver invalid"}));
         QCOMPARE(names, QStringList({"Ridge", "Basin", "Beacon <7> & co", "East"}));
         QCOMPARE(legend, QStringList({"Area of interest (1)", "Deployment area (1)", "Station (0)",
-                                      "Direction finder (0)", "Receiver (1)", "Emitter (1)",
-                                      "invalid (1)"}));
+                                      "Direction finder (0)", "Receiver (1)", "Emitter (2)",
+                                      "invalid (2)", "not on the map (1)"}));
     }
 
     // Four times the emitters, about four times the time (5 MB at the top).
