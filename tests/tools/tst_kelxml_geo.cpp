@@ -161,8 +161,6 @@ private slots:
                                        << "'svg' needs --as scenario or --as command.";
         QTest::newRow("two files") << QStringList{"geojson", "--as", "XmlCmdRoot", "a", "b"}
                                    << "'geojson' takes exactly one file.";
-        QTest::newRow("no file") << QStringList{"svg", "--as", "scenario"}
-                                 << "'svg' takes exactly one file.";
     }
     void usageErrors()
     {
