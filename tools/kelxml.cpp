@@ -1,10 +1,13 @@
 // kelxml: checks and formats KelXml elements stored in files.
 
+#include "GeoCommands.h"
+
 #include <XmlElementRegistry.h>
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QFile>
+#include <QFileInfo>
 #include <QTextStream>
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
@@ -36,10 +39,17 @@ const char* const description =
     "  format --as CLASS FILE    Read the element and write it back to standard output\n"
     "                            in its canonical, indented form.\n"
     "  classes                   List the element classes (and aliases) known.\n"
+    "  geojson --as scenario|command FILE\n"
+    "                            Write the areas, stations, direction finders,\n"
+    "                            receivers and emitters of a scenario snapshot or of\n"
+    "                            the create commands of a command message as GeoJSON.\n"
+    "  svg --as scenario|command FILE\n"
+    "                            Write the same objects as an SVG map.\n"
     "\n"
     "Exit status: 0 all valid, 1 some element invalid, 2 some file unreadable\n"
     "(missing file, malformed XML, or an element its class cannot read),\n"
-    "64 wrong usage.";
+    "64 wrong usage. geojson and svg exit 0 once written: invalid objects are\n"
+    "written too, marked as such.";
 
 QTextStream& out()
 {
@@ -160,6 +170,28 @@ int format(const QString& className, const QString& file)
     return Valid;
 }
 
+// geojson and svg: objects that are invalid are drawn all the same.
+int writeMap(const QString& command, const QString& className, const QString& file)
+{
+    const Reading reading = readFile(className, file);
+    if (!reading.error.isEmpty()) {
+        err() << reading.error << "\n";
+        return Unreadable;
+    }
+    QFile output;
+    if (!output.open(stdout, QIODevice::WriteOnly))
+        return Unreadable;
+    const bool written = command == QLatin1String("geojson")
+                             ? writeGeoJson(*reading.element, output)
+                             : writeSvg(*reading.element, QFileInfo(file).fileName(), output);
+    output.close();
+    if (!written) {
+        err() << "kelxml: cannot write the " << command << " of " << file << "\n";
+        return Unreadable;
+    }
+    return Valid;
+}
+
 int listClasses()
 {
     for (const XmlElementRegistry::Entry& entry : XmlElementRegistry::entries()) {
@@ -188,7 +220,7 @@ int main(int argc, char* argv[])
                                       QStringLiteral("CLASS"));
     parser.addOption(asOption);
     parser.addPositionalArgument(QStringLiteral("command"),
-                                 QStringLiteral("check, format or classes."));
+                                 QStringLiteral("check, format, classes, geojson or svg."));
     parser.addPositionalArgument(QStringLiteral("files"), QStringLiteral("The files to read."),
                                  QStringLiteral("[FILE...]"));
 
@@ -212,6 +244,15 @@ int main(int argc, char* argv[])
         if (!arguments.isEmpty())
             return usageError(QStringLiteral("'classes' takes no files."));
         return listClasses();
+    }
+    if (command == QLatin1String("geojson") || command == QLatin1String("svg")) {
+        const QString className = XmlElementRegistry::resolve(parser.value(asOption));
+        if (className != QLatin1String("XmlKelBtType") && className != QLatin1String("XmlCmdRoot"))
+            return usageError(
+                QStringLiteral("'%1' needs --as scenario or --as command.").arg(command));
+        if (arguments.size() != 1)
+            return usageError(QStringLiteral("'%1' takes exactly one file.").arg(command));
+        return writeMap(command, className, arguments.first());
     }
     if (command != QLatin1String("check") && command != QLatin1String("format"))
         return usageError(QStringLiteral("unknown command '%1'.").arg(command));

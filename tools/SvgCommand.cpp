@@ -1,0 +1,568 @@
+// kelxml svg: a self-contained SVG map of a document's geographic objects.
+//
+// The projection is equirectangular about the middle latitude of the objects'
+// bounding box: x grows with longitude scaled by the cosine of that latitude,
+// y with latitude, so shapes keep their look at the scenario's latitude. The
+// box is widened a little on every side and never left empty, flat or very
+// narrow. A graticule at a round step in degrees is labelled on the left and
+// bottom edges; areas are outlined (areas of interest solid, deployment areas
+// dashed), every placed object gets its kind's marker and its name, and a
+// legend counts the objects of each kind. Invalid objects are outlined in red
+// and their first problem is their tooltip. Objects without a position the
+// map can show (not a number, far off the globe, a polygon of fewer than three
+// vertices) are counted in the legend only.
+
+#include "GeoCommands.h"
+
+#include <QIODevice>
+#include <QPair>
+#include <QStringList>
+#include <QXmlStreamWriter>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <utility>
+
+using KelXml::XmlGeoFeature;
+using Position = XmlGeoFeature::Position;
+
+namespace {
+
+constexpr double pi = 3.14159265358979323846;
+
+// Page layout in SVG units.
+constexpr double maxPlotWidth = 760.0;
+constexpr double maxPlotHeight = 560.0;
+constexpr double leftMargin = 90.0;
+constexpr double topMargin = 56.0;
+constexpr double bottomMargin = 48.0;
+constexpr double legendGap = 28.0;
+constexpr double legendWidth = 200.0;
+constexpr double markerSize = 6.5;
+
+const char* const styleSheet = R"(
+text { font-family: 'DejaVu Sans', Arial, Helvetica, sans-serif; font-size: 12px; fill: #222; }
+.title { font-size: 16px; font-weight: bold; }
+.axis { font-size: 11px; fill: #555; }
+.grid { stroke: #d8d8d8; stroke-width: 1; }
+.frame { fill: #fbfbf8; stroke: #888; stroke-width: 1; }
+.label { paint-order: stroke; stroke: #fff; stroke-width: 3px; stroke-linejoin: round; }
+.name-aoi { fill: #a6430a; font-style: italic; }
+.name-deployment { fill: #126b51; font-style: italic; }
+.aoi { fill: #ff7f00; fill-opacity: 0.15; stroke: #d95f02; stroke-width: 2; }
+.deployment { fill: #1b9e77; fill-opacity: 0.10; stroke: #1b9e77; stroke-width: 2; stroke-dasharray: 8 4; }
+.station { fill: #7570b3; stroke: #2c2a52; stroke-width: 1; }
+.finder { fill: #1f78b4; stroke: #0b2e45; stroke-width: 1; }
+.receiver { fill: #33a02c; stroke: #134010; stroke-width: 1; }
+.emitter { fill: #e7298a; stroke: #5a0c34; stroke-width: 1; }
+.invalid { stroke: #e00000; stroke-width: 2.5; }
+.legend { fill: #fff; stroke: #bbb; stroke-width: 1; }
+)";
+
+// Positions far outside the globe (still readable, though invalid) would
+// squeeze the map to nothing; they are left off it.
+bool drawable(const Position& p)
+{
+    return std::isfinite(p.longitude) && std::isfinite(p.latitude) &&
+           std::abs(p.longitude) <= 360.0 && std::abs(p.latitude) <= 180.0;
+}
+
+// Whether the map shows the feature: a point at a drawable position, or an
+// area whose outline has only drawable corners.
+bool shown(const XmlGeoFeature& feature)
+{
+    if (feature.shape == XmlGeoFeature::Point)
+        return feature.positions.size() == 1 && drawable(feature.positions.first());
+    const QVector<Position> ring = feature.ring();
+    return !ring.isEmpty() && std::all_of(ring.begin(), ring.end(), drawable);
+}
+
+struct Box
+{
+    double west = std::numeric_limits<double>::infinity();
+    double east = -std::numeric_limits<double>::infinity();
+    double south = std::numeric_limits<double>::infinity();
+    double north = -std::numeric_limits<double>::infinity();
+
+    bool isEmpty() const { return west > east; }
+    void add(const Position& p)
+    {
+        if (!drawable(p))
+            return;
+        west = std::min(west, p.longitude);
+        east = std::max(east, p.longitude);
+        south = std::min(south, p.latitude);
+        north = std::max(north, p.latitude);
+    }
+};
+
+// The projection from degrees to page units.
+class Projection
+{
+public:
+    explicit Projection(Box box)
+    {
+        if (box.isEmpty())
+            box = {-1.0, 1.0, -1.0, 1.0};
+        const double middle = (box.south + box.north) / 2.0;
+        m_cos = std::max(0.05, std::min(1.0, std::cos(middle * pi / 180.0)));
+        // A lone point or a line still gets a box of some size, and neither
+        // side is let fall below a third of the other on the ground.
+        widen(box.west, box.east, 0.01 / m_cos);
+        widen(box.south, box.north, 0.01);
+        const double groundWidth = (box.east - box.west) * m_cos;
+        const double groundHeight = box.north - box.south;
+        widen(box.west, box.east, groundHeight / 3.0 / m_cos);
+        widen(box.south, box.north, groundWidth / 3.0);
+        // A margin of a tenth on every side keeps markers and names off the frame.
+        const double marginLon = (box.east - box.west) / 10.0;
+        const double marginLat = (box.north - box.south) / 10.0;
+        m_box = {box.west - marginLon, box.east + marginLon, box.south - marginLat,
+                 box.north + marginLat};
+        m_scale = std::min(maxPlotWidth / ((m_box.east - m_box.west) * m_cos),
+                           maxPlotHeight / (m_box.north - m_box.south));
+    }
+
+    const Box& box() const { return m_box; }
+    double width() const { return (m_box.east - m_box.west) * m_cos * m_scale; }
+    double height() const { return (m_box.north - m_box.south) * m_scale; }
+    double x(double longitude) const
+    {
+        return leftMargin + (longitude - m_box.west) * m_cos * m_scale;
+    }
+    double y(double latitude) const { return topMargin + (m_box.north - latitude) * m_scale; }
+
+private:
+    static void widen(double& low, double& high, double least)
+    {
+        if (high - low >= least)
+            return;
+        const double middle = (low + high) / 2.0;
+        low = middle - least / 2.0;
+        high = middle + least / 2.0;
+    }
+
+    Box m_box;
+    double m_cos = 1.0;
+    double m_scale = 1.0;
+};
+
+QString number(double value)
+{
+    return QString::number(value, 'f', 1);
+}
+
+// A round graticule step (1, 2, 2.5 or 5 times a power of ten) giving about
+// eight lines over the span, and the decimals its labels need.
+double gridStep(double span, int& decimals)
+{
+    const double raw = span / 8.0;
+    const double magnitude = std::pow(10.0, std::floor(std::log10(raw)));
+    double step = 10.0 * magnitude;
+    for (const double factor : {1.0, 2.0, 2.5, 5.0}) {
+        if (factor * magnitude >= raw) {
+            step = factor * magnitude;
+            break;
+        }
+    }
+    decimals = 0;
+    while (decimals < 12) {
+        const double scaled = step * std::pow(10.0, decimals);
+        if (std::abs(scaled - std::round(scaled)) < 1e-6 * scaled)
+            break;
+        ++decimals;
+    }
+    return step;
+}
+
+QString degrees(double value, int decimals, QChar positive, QChar negative)
+{
+    if (std::abs(value) < 1e-12)
+        return QStringLiteral("0°");
+    return QString::number(std::abs(value), 'f', decimals) + QChar(0x00B0) +
+           (value > 0 ? positive : negative);
+}
+
+QString kindClass(XmlGeoFeature::Kind kind)
+{
+    switch (kind) {
+    case XmlGeoFeature::AreaOfInterest:
+        return QStringLiteral("aoi");
+    case XmlGeoFeature::DeploymentArea:
+        return QStringLiteral("deployment");
+    case XmlGeoFeature::Station:
+        return QStringLiteral("station");
+    case XmlGeoFeature::DirectionFinder:
+        return QStringLiteral("finder");
+    case XmlGeoFeature::Receiver:
+        return QStringLiteral("receiver");
+    case XmlGeoFeature::Emitter:
+        return QStringLiteral("emitter");
+    }
+    return QString();
+}
+
+QString kindLabel(XmlGeoFeature::Kind kind)
+{
+    switch (kind) {
+    case XmlGeoFeature::AreaOfInterest:
+        return QStringLiteral("Area of interest");
+    case XmlGeoFeature::DeploymentArea:
+        return QStringLiteral("Deployment area");
+    case XmlGeoFeature::Station:
+        return QStringLiteral("Station");
+    case XmlGeoFeature::DirectionFinder:
+        return QStringLiteral("Direction finder");
+    case XmlGeoFeature::Receiver:
+        return QStringLiteral("Receiver");
+    case XmlGeoFeature::Emitter:
+        return QStringLiteral("Emitter");
+    }
+    return QString();
+}
+
+QString points(const QVector<QPair<double, double>>& corners)
+{
+    QStringList list;
+    list.reserve(corners.size());
+    for (const auto& corner : corners)
+        list.append(number(corner.first) + QLatin1Char(',') + number(corner.second));
+    return list.join(QLatin1Char(' '));
+}
+
+// The marker of a placed object's kind, centred on (x, y), with the given
+// classes: a square for a station, a triangle for a direction finder, a
+// circle for a receiver, a star for an emitter.
+void writeMarker(QXmlStreamWriter& svg, XmlGeoFeature::Kind kind, double x, double y,
+                 const QString& classes)
+{
+    const double s = markerSize;
+    switch (kind) {
+    case XmlGeoFeature::Station:
+        svg.writeEmptyElement(QStringLiteral("rect"));
+        svg.writeAttribute(QStringLiteral("x"), number(x - s));
+        svg.writeAttribute(QStringLiteral("y"), number(y - s));
+        svg.writeAttribute(QStringLiteral("width"), number(2 * s));
+        svg.writeAttribute(QStringLiteral("height"), number(2 * s));
+        break;
+    case XmlGeoFeature::DirectionFinder:
+        svg.writeEmptyElement(QStringLiteral("polygon"));
+        svg.writeAttribute(QStringLiteral("points"),
+                           points({{x, y - 1.3 * s}, {x + 1.2 * s, y + s}, {x - 1.2 * s, y + s}}));
+        break;
+    case XmlGeoFeature::Receiver:
+        svg.writeEmptyElement(QStringLiteral("circle"));
+        svg.writeAttribute(QStringLiteral("cx"), number(x));
+        svg.writeAttribute(QStringLiteral("cy"), number(y));
+        svg.writeAttribute(QStringLiteral("r"), number(s));
+        break;
+    default: {
+        QVector<QPair<double, double>> star;
+        for (int i = 0; i < 10; ++i) {
+            const double radius = (i % 2 == 0 ? 1.5 : 0.65) * s;
+            const double angle = pi * i / 5.0;
+            star.append({x + radius * std::sin(angle), y - radius * std::cos(angle)});
+        }
+        svg.writeEmptyElement(QStringLiteral("polygon"));
+        svg.writeAttribute(QStringLiteral("points"), points(star));
+        break;
+    }
+    }
+    svg.writeAttribute(QStringLiteral("class"), classes);
+}
+
+void writeText(QXmlStreamWriter& svg, double x, double y, const QString& text,
+               const QString& classes, const QString& anchor = QString())
+{
+    svg.writeStartElement(QStringLiteral("text"));
+    svg.writeAttribute(QStringLiteral("x"), number(x));
+    svg.writeAttribute(QStringLiteral("y"), number(y));
+    if (!classes.isEmpty())
+        svg.writeAttribute(QStringLiteral("class"), classes);
+    if (!anchor.isEmpty())
+        svg.writeAttribute(QStringLiteral("text-anchor"), anchor);
+    svg.writeCharacters(text);
+    svg.writeEndElement();
+}
+
+void writeLine(QXmlStreamWriter& svg, double x1, double y1, double x2, double y2)
+{
+    svg.writeEmptyElement(QStringLiteral("line"));
+    svg.writeAttribute(QStringLiteral("x1"), number(x1));
+    svg.writeAttribute(QStringLiteral("y1"), number(y1));
+    svg.writeAttribute(QStringLiteral("x2"), number(x2));
+    svg.writeAttribute(QStringLiteral("y2"), number(y2));
+    svg.writeAttribute(QStringLiteral("class"), QStringLiteral("grid"));
+}
+
+void writeGraticule(QXmlStreamWriter& svg, const Projection& projection)
+{
+    const Box& box = projection.box();
+    const double left = projection.x(box.west);
+    const double right = projection.x(box.east);
+    const double top = projection.y(box.north);
+    const double bottom = projection.y(box.south);
+
+    svg.writeStartElement(QStringLiteral("g"));
+    svg.writeAttribute(QStringLiteral("id"), QStringLiteral("graticule"));
+    svg.writeEmptyElement(QStringLiteral("rect"));
+    svg.writeAttribute(QStringLiteral("x"), number(left));
+    svg.writeAttribute(QStringLiteral("y"), number(top));
+    svg.writeAttribute(QStringLiteral("width"), number(right - left));
+    svg.writeAttribute(QStringLiteral("height"), number(bottom - top));
+    svg.writeAttribute(QStringLiteral("class"), QStringLiteral("frame"));
+
+    int decimals = 0;
+    double step = gridStep(box.east - box.west, decimals);
+    for (int k = int(std::ceil(box.west / step)); k * step <= box.east; ++k) {
+        const double x = projection.x(k * step);
+        writeLine(svg, x, top, x, bottom);
+        writeText(svg, x, bottom + 16,
+                  degrees(k * step, decimals, QLatin1Char('E'), QLatin1Char('W')),
+                  QStringLiteral("axis"), QStringLiteral("middle"));
+    }
+    step = gridStep(box.north - box.south, decimals);
+    for (int k = int(std::ceil(box.south / step)); k * step <= box.north; ++k) {
+        const double y = projection.y(k * step);
+        writeLine(svg, left, y, right, y);
+        writeText(svg, left - 6, y + 4,
+                  degrees(k * step, decimals, QLatin1Char('N'), QLatin1Char('S')),
+                  QStringLiteral("axis"), QStringLiteral("end"));
+    }
+    writeText(svg, (left + right) / 2, bottom + 36, QStringLiteral("Longitude"),
+              QStringLiteral("axis"), QStringLiteral("middle"));
+    svg.writeStartElement(QStringLiteral("text"));
+    svg.writeAttribute(QStringLiteral("transform"), QStringLiteral("translate(%1,%2) rotate(-90)")
+                                                        .arg(number(left - 76))
+                                                        .arg(number((top + bottom) / 2)));
+    svg.writeAttribute(QStringLiteral("class"), QStringLiteral("axis"));
+    svg.writeAttribute(QStringLiteral("text-anchor"), QStringLiteral("middle"));
+    svg.writeCharacters(QStringLiteral("Latitude"));
+    svg.writeEndElement();
+    svg.writeEndElement();
+}
+
+QString tooltip(const XmlGeoFeature& feature)
+{
+    QString text =
+        kindLabel(feature.kind) + QStringLiteral(" \"") + feature.name + QLatin1Char('"');
+    if (!feature.valid)
+        text += QStringLiteral("\ninvalid: ") + feature.problem;
+    return text;
+}
+
+QString classes(const QString& base, const XmlGeoFeature& feature)
+{
+    QString result = base + QLatin1Char(' ') + kindClass(feature.kind);
+    if (!feature.valid)
+        result += QStringLiteral(" invalid");
+    return result;
+}
+
+// Where a feature's name goes: beside a marker, or at the mean of an area's
+// corners. False when the feature has no position to show.
+bool labelPlace(const XmlGeoFeature& feature, const Projection& projection, double& x, double& y)
+{
+    if (feature.shape == XmlGeoFeature::Point) {
+        if (feature.positions.size() != 1 || !drawable(feature.positions.first()))
+            return false;
+        x = projection.x(feature.positions.first().longitude) + markerSize + 4;
+        y = projection.y(feature.positions.first().latitude) + 4;
+        return true;
+    }
+    const QVector<Position> ring = feature.ring();
+    if (ring.isEmpty() || !std::all_of(ring.begin(), ring.end(), drawable))
+        return false;
+    double longitude = 0.0;
+    double latitude = 0.0;
+    for (int i = 0; i + 1 < ring.size(); ++i) {
+        longitude += ring[i].longitude;
+        latitude += ring[i].latitude;
+    }
+    x = projection.x(longitude / (ring.size() - 1));
+    y = projection.y(latitude / (ring.size() - 1)) + 4;
+    return true;
+}
+
+void writeArea(QXmlStreamWriter& svg, const XmlGeoFeature& feature, const Projection& projection)
+{
+    const QVector<Position> ring = feature.ring();
+    if (ring.isEmpty() || !std::all_of(ring.begin(), ring.end(), drawable))
+        return;
+    QVector<QPair<double, double>> corners;
+    corners.reserve(ring.size() - 1);
+    for (int i = 0; i + 1 < ring.size(); ++i)
+        corners.append({projection.x(ring[i].longitude), projection.y(ring[i].latitude)});
+    svg.writeStartElement(QStringLiteral("polygon"));
+    svg.writeAttribute(QStringLiteral("points"), points(corners));
+    svg.writeAttribute(QStringLiteral("class"), classes(QStringLiteral("area"), feature));
+    svg.writeTextElement(QStringLiteral("title"), tooltip(feature));
+    svg.writeEndElement();
+}
+
+void writePlaced(QXmlStreamWriter& svg, const XmlGeoFeature& feature, const Projection& projection)
+{
+    if (feature.positions.size() != 1 || !drawable(feature.positions.first()))
+        return;
+    const double x = projection.x(feature.positions.first().longitude);
+    const double y = projection.y(feature.positions.first().latitude);
+    svg.writeStartElement(QStringLiteral("g"));
+    svg.writeTextElement(QStringLiteral("title"), tooltip(feature));
+    writeMarker(svg, feature.kind, x, y, classes(QStringLiteral("marker"), feature));
+    svg.writeEndElement();
+}
+
+void writeLegend(QXmlStreamWriter& svg, const QVector<XmlGeoFeature>& features, double left,
+                 double top)
+{
+    const XmlGeoFeature::Kind kinds[] = {
+        XmlGeoFeature::AreaOfInterest,  XmlGeoFeature::DeploymentArea, XmlGeoFeature::Station,
+        XmlGeoFeature::DirectionFinder, XmlGeoFeature::Receiver,       XmlGeoFeature::Emitter,
+    };
+    int counts[6] = {};
+    int invalid = 0;
+    int hidden = 0;
+    for (const XmlGeoFeature& feature : features) {
+        ++counts[feature.kind];
+        if (!feature.valid)
+            ++invalid;
+        if (!shown(feature))
+            ++hidden;
+    }
+    const double rowHeight = 24.0;
+    const int rows = 6 + (invalid > 0 ? 1 : 0) + (hidden > 0 ? 1 : 0);
+    const double height = 36.0 + rows * rowHeight;
+
+    svg.writeStartElement(QStringLiteral("g"));
+    svg.writeAttribute(QStringLiteral("id"), QStringLiteral("legend"));
+    svg.writeEmptyElement(QStringLiteral("rect"));
+    svg.writeAttribute(QStringLiteral("x"), number(left));
+    svg.writeAttribute(QStringLiteral("y"), number(top));
+    svg.writeAttribute(QStringLiteral("width"), number(legendWidth));
+    svg.writeAttribute(QStringLiteral("height"), number(height));
+    svg.writeAttribute(QStringLiteral("class"), QStringLiteral("legend"));
+    writeText(svg, left + 12, top + 22, QStringLiteral("Legend"), QStringLiteral("title"));
+
+    double y = top + 36.0 + rowHeight / 2;
+    const double symbol = left + 24;
+    for (const XmlGeoFeature::Kind kind : kinds) {
+        if (kind == XmlGeoFeature::AreaOfInterest || kind == XmlGeoFeature::DeploymentArea) {
+            svg.writeEmptyElement(QStringLiteral("rect"));
+            svg.writeAttribute(QStringLiteral("x"), number(symbol - 11));
+            svg.writeAttribute(QStringLiteral("y"), number(y - 8));
+            svg.writeAttribute(QStringLiteral("width"), number(22));
+            svg.writeAttribute(QStringLiteral("height"), number(16));
+            svg.writeAttribute(QStringLiteral("class"),
+                               QStringLiteral("legend-area ") + kindClass(kind));
+        } else {
+            writeMarker(svg, kind, symbol, y, QStringLiteral("legend-marker ") + kindClass(kind));
+        }
+        writeText(svg, symbol + 22, y + 4,
+                  QStringLiteral("%1 (%2)").arg(kindLabel(kind)).arg(counts[kind]), QString());
+        y += rowHeight;
+    }
+    if (invalid > 0) {
+        svg.writeEmptyElement(QStringLiteral("circle"));
+        svg.writeAttribute(QStringLiteral("cx"), number(symbol));
+        svg.writeAttribute(QStringLiteral("cy"), number(y));
+        svg.writeAttribute(QStringLiteral("r"), number(markerSize));
+        svg.writeAttribute(QStringLiteral("fill"), QStringLiteral("none"));
+        svg.writeAttribute(QStringLiteral("class"), QStringLiteral("legend-marker invalid"));
+        writeText(svg, symbol + 22, y + 4, QStringLiteral("invalid (%1)").arg(invalid), QString());
+        y += rowHeight;
+    }
+    if (hidden > 0) {
+        writeText(svg, symbol + 22, y + 4, QStringLiteral("not on the map (%1)").arg(hidden),
+                  QString());
+    }
+    svg.writeEndElement();
+}
+
+} // namespace
+
+bool writeSvg(const KelXml::IXmlElement& document, const QString& title, QIODevice& device)
+{
+    QVector<XmlGeoFeature> features;
+    Box box;
+    visitDocument(document, [&](const XmlGeoFeature& feature) {
+        features.append(feature);
+        for (const Position& position : feature.positions)
+            box.add(position);
+    });
+    const Projection projection(box);
+
+    const double legendLeft = leftMargin + projection.width() + legendGap;
+    const double width = legendLeft + legendWidth + 20.0;
+    const double plotBottom = topMargin + projection.height() + bottomMargin;
+    const double height = std::max(plotBottom, topMargin + 36.0 + 8 * 24.0 + 20.0);
+
+    QXmlStreamWriter svg(&device);
+    svg.setAutoFormatting(true);
+    svg.setAutoFormattingIndent(1);
+    svg.writeStartDocument();
+    svg.writeStartElement(QStringLiteral("svg"));
+    svg.writeDefaultNamespace(QStringLiteral("http://www.w3.org/2000/svg"));
+    svg.writeAttribute(QStringLiteral("version"), QStringLiteral("1.1"));
+    svg.writeAttribute(QStringLiteral("width"), number(width));
+    svg.writeAttribute(QStringLiteral("height"), number(height));
+    svg.writeAttribute(QStringLiteral("viewBox"),
+                       QStringLiteral("0 0 %1 %2").arg(number(width), number(height)));
+    svg.writeTextElement(QStringLiteral("title"), title);
+    svg.writeTextElement(QStringLiteral("style"), QString::fromUtf8(styleSheet));
+    svg.writeEmptyElement(QStringLiteral("rect"));
+    svg.writeAttribute(QStringLiteral("width"), QStringLiteral("100%"));
+    svg.writeAttribute(QStringLiteral("height"), QStringLiteral("100%"));
+    svg.writeAttribute(QStringLiteral("fill"), QStringLiteral("#ffffff"));
+    writeText(svg, leftMargin, 30, title, QStringLiteral("title"));
+
+    writeGraticule(svg, projection);
+    if (features.isEmpty()) {
+        writeText(svg, leftMargin + projection.width() / 2, topMargin + projection.height() / 2,
+                  QStringLiteral("No geographic objects"), QStringLiteral("title"),
+                  QStringLiteral("middle"));
+    }
+
+    // Deployment areas under areas of interest, areas under markers, names on top.
+    svg.writeStartElement(QStringLiteral("g"));
+    svg.writeAttribute(QStringLiteral("id"), QStringLiteral("areas"));
+    for (const XmlGeoFeature::Kind kind :
+         {XmlGeoFeature::DeploymentArea, XmlGeoFeature::AreaOfInterest}) {
+        for (const XmlGeoFeature& feature : std::as_const(features)) {
+            if (feature.kind == kind)
+                writeArea(svg, feature, projection);
+        }
+    }
+    svg.writeEndElement();
+
+    svg.writeStartElement(QStringLiteral("g"));
+    svg.writeAttribute(QStringLiteral("id"), QStringLiteral("objects"));
+    for (const XmlGeoFeature& feature : std::as_const(features)) {
+        if (!feature.isArea())
+            writePlaced(svg, feature, projection);
+    }
+    svg.writeEndElement();
+
+    svg.writeStartElement(QStringLiteral("g"));
+    svg.writeAttribute(QStringLiteral("id"), QStringLiteral("names"));
+    for (const XmlGeoFeature& feature : std::as_const(features)) {
+        double x = 0.0;
+        double y = 0.0;
+        if (labelPlace(feature, projection, x, y)) {
+            if (feature.isArea()) {
+                writeText(svg, x, y, feature.name,
+                          QStringLiteral("label name-") + kindClass(feature.kind),
+                          QStringLiteral("middle"));
+            } else {
+                writeText(svg, x, y, feature.name, QStringLiteral("label"));
+            }
+        }
+    }
+    svg.writeEndElement();
+
+    writeLegend(svg, features, legendLeft, topMargin);
+
+    svg.writeEndElement();
+    svg.writeEndDocument();
+    return !svg.hasError();
+}
