@@ -4,8 +4,9 @@
 
 namespace KelXml {
 
-// A bandwidth in kHz: <Name version="1.0" unit="kHz">25</Name>. Held as a
-// double, but read as a whole number: "12.5" is not numeric here.
+/// A bandwidth in kHz: `<Name version="1.0" unit="kHz">25</Name>`. Held as a
+/// double, but read as a whole number: "12.5" is not numeric here.
+/// \ingroup values
 class KELXML_EXPORT XmlBandwidthType : public XmlElementBase
 {
 public:

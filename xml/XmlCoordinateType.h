@@ -4,10 +4,11 @@
 
 namespace KelXml {
 
-// A geographic position in decimal degrees:
-// <Name version="1.0"><Longitude>12.500000</Longitude><Latitude>48.250000</Latitude></Name>.
-// The version is checked while reading. Both defaults are out of range, so a
-// new position is invalid until filled.
+/// A geographic position in decimal degrees:
+/// `<Name version="1.0"><Longitude>12.500000</Longitude><Latitude>48.250000</Latitude></Name>`.
+/// The version is checked while reading. Both defaults are out of range, so a
+/// new position is invalid until filled.
+/// \ingroup values
 class KELXML_EXPORT XmlCoordinateType : public XmlElementBase
 {
 public:
@@ -26,7 +27,7 @@ public:
 
 protected:
     void checkContent(XmlChecks& checks) const override;
-    // Writes the two coordinate children.
+    /// Writes the two coordinate children.
     void produceChildren(QXmlStreamWriter& writer) const;
 
 private:

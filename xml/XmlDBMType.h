@@ -4,8 +4,9 @@
 
 namespace KelXml {
 
-// A level in dBm: <Name version="1.0" unit="dBm">-50.000000000</Name>.
-// The unit is fixed: written always, never read.
+/// A level in dBm: `<Name version="1.0" unit="dBm">-50.000000000</Name>`.
+/// The unit is fixed: written always, never read.
+/// \ingroup values
 class KELXML_EXPORT XmlDBMType : public XmlElementBase
 {
 public:

@@ -4,8 +4,9 @@
 
 namespace KelXml {
 
-// A gain or loss in dB: <Name version="1.0" unit="dB">3.000000</Name>.
-// The unit is fixed: written always, never read.
+/// A gain or loss in dB: `<Name version="1.0" unit="dB">3.000000</Name>`.
+/// The unit is fixed: written always, never read.
+/// \ingroup values
 class KELXML_EXPORT XmlDecibelType : public XmlElementBase
 {
 public:

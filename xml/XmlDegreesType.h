@@ -4,8 +4,9 @@
 
 namespace KelXml {
 
-// An angle in degrees: <Name version="1.0" unit="°">45.0</Name>.
-// The unit, the degree sign, is fixed: written always, never read.
+/// An angle in degrees: `<Name version="1.0" unit="°">45.0</Name>`.
+/// The unit, the degree sign, is fixed: written always, never read.
+/// \ingroup values
 class KELXML_EXPORT XmlDegreesType : public XmlElementBase
 {
 public:

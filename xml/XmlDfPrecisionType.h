@@ -4,8 +4,9 @@
 
 namespace KelXml {
 
-// The integer direction-finding precision:
-// <DFprecision version="1.0" unit="°">2</DFprecision>. -2 marks "not set".
+/// The integer direction-finding precision:
+/// `<DFprecision version="1.0" unit="°">2</DFprecision>`. -2 marks "not set".
+/// \ingroup values
 class KELXML_EXPORT XmlDfPrecisionType : public XmlElementBase
 {
 public:

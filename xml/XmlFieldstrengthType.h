@@ -4,7 +4,8 @@
 
 namespace KelXml {
 
-// A field strength: <Name version="1.0" unit="dBm">-80.000000000000000</Name>.
+/// A field strength: `<Name version="1.0" unit="dBm">-80.000000000000000</Name>`.
+/// \ingroup values
 class KELXML_EXPORT XmlFieldstrengthType : public XmlElementBase
 {
 public:

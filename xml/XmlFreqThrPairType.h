@@ -6,8 +6,9 @@
 
 namespace KelXml {
 
-// A frequency with its receiver threshold:
-// <Pair version="1.0"><Frequency .../><RxThreshold .../></Pair>.
+/// A frequency with its receiver threshold:
+/// `<Pair version="1.0">`<Frequency .../><RxThreshold .../>`</Pair>`.
+/// \ingroup values
 class KELXML_EXPORT XmlFreqThrPairType : public XmlVersionedComposite
 {
 public:

@@ -4,7 +4,8 @@
 
 namespace KelXml {
 
-// An integer map key: <Key>7</Key>. The one value without a version.
+/// An integer map key: `<Key>7</Key>`. The one value without a version.
+/// \ingroup values
 class KELXML_EXPORT XmlKeyType : public XmlElementBase
 {
 public:

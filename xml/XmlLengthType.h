@@ -4,7 +4,8 @@
 
 namespace KelXml {
 
-// A length in whole metres: <Name version="1.0" unit="m">25</Name>.
+/// A length in whole metres: `<Name version="1.0" unit="m">25</Name>`.
+/// \ingroup values
 class KELXML_EXPORT XmlLengthType : public XmlElementBase
 {
 public:

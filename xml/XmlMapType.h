@@ -7,15 +7,16 @@
 
 namespace KelXml {
 
-// One entry of a key/length map:
-// <Map version="1.0"><Key>7</Key><Value version="1.0" unit="m">25</Value></Map>.
-//
-// The writer puts the length twice, under "Key" and under "Value", and never
-// the key; isValid() ignores the key while syntaxError() reports it.
-//
-// reset() deletes both children: key() and value() are null afterwards. Such
-// an entry can still be read into (the children are created again), written
-// (without children), checked (it is invalid) and copied.
+/// One entry of a key/length map:
+/// `<Map version="1.0"><Key>7</Key><Value version="1.0" unit="m">25</Value></Map>`.
+///
+/// The writer puts the length twice, under "Key" and under "Value", and never
+/// the key; isValid() ignores the key while syntaxError() reports it.
+///
+/// reset() deletes both children: key() and value() are null afterwards. Such
+/// an entry can still be read into (the children are created again), written
+/// (without children), checked (it is invalid) and copied.
+/// \ingroup values
 class KELXML_EXPORT XmlMapType : public XmlElementBase
 {
 public:

@@ -6,9 +6,10 @@
 
 namespace KelXml {
 
-// Selects all objects of a kind or a list of named ones:
-// <Sel><All/></Sel> or <Sel><Name>A</Name><Name>B</Name></Sel>.
-// No version. Reading appends the names read to those already held.
+/// Selects all objects of a kind or a list of named ones:
+/// `<Sel><All/></Sel>` or `<Sel><Name>A</Name><Name>B</Name></Sel>`.
+/// No version. Reading appends the names read to those already held.
+/// \ingroup values
 class KELXML_EXPORT XmlNameAllMultiType : public XmlElementBase
 {
 public:
@@ -21,7 +22,7 @@ public:
     bool all() const { return m_names.isEmpty(); }
     void setAll();
     const QList<XmlObjNameType*>& objNames() const { return m_names.list(); }
-    // Replaces the names with copies; the given objects stay the caller's.
+    /// Replaces the names with copies; the given objects stay the caller's.
     void setObjNames(const QList<XmlObjNameType*>& names);
 
 protected:

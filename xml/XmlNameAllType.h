@@ -6,10 +6,11 @@
 
 namespace KelXml {
 
-// Selects all objects of a kind or one named object:
-// <Sel><All/></Sel> or <Sel><Name>Station 1</Name></Sel>.
-// No version. A new or reset selection is uninitialized, and then reports
-// all() as true while being invalid.
+/// Selects all objects of a kind or one named object:
+/// `<Sel><All/></Sel>` or `<Sel><Name>Station 1</Name></Sel>`.
+/// No version. A new or reset selection is uninitialized, and then reports
+/// all() as true while being invalid.
+/// \ingroup values
 class KELXML_EXPORT XmlNameAllType : public XmlElementBase
 {
 public:

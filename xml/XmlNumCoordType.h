@@ -4,9 +4,10 @@
 
 namespace KelXml {
 
-// A numbered position, such as a polygon vertex:
-// <Name version="1.0" number="3"><Longitude>..</Longitude><Latitude>..</Latitude></Name>.
-// It keeps the class name of its base: its messages name "XmlCoordinateType".
+/// A numbered position, such as a polygon vertex:
+/// `<Name version="1.0" number="3"><Longitude>..</Longitude><Latitude>..</Latitude></Name>`.
+/// It keeps the class name of its base: its messages name "XmlCoordinateType".
+/// \ingroup values
 class KELXML_EXPORT XmlNumCoordType : public XmlCoordinateType
 {
 public:

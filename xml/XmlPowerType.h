@@ -4,7 +4,8 @@
 
 namespace KelXml {
 
-// A power in watts: <Name version="1.0" unit="W">10.000000000000000</Name>.
+/// A power in watts: `<Name version="1.0" unit="W">10.000000000000000</Name>`.
+/// \ingroup values
 class KELXML_EXPORT XmlPowerType : public XmlElementBase
 {
 public:

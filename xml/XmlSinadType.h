@@ -4,7 +4,8 @@
 
 namespace KelXml {
 
-// A SINAD ratio: <Name version="1.0">12.000000</Name>, without a unit.
+/// A SINAD ratio: `<Name version="1.0">12.000000</Name>`, without a unit.
+/// \ingroup values
 class KELXML_EXPORT XmlSinadType : public XmlElementBase
 {
 public:

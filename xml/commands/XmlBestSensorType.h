@@ -8,9 +8,10 @@
 
 namespace KelXml {
 
-// A request for the best-sensor coverage over areas of interest:
-// <BestSensorCov><UseRxDFs/><AOIs/>[<ResultGrid/>][<Comment/>]</BestSensorCov>.
-// No version. A grid or comment read replaces the one held.
+/// A request for the best-sensor coverage over areas of interest:
+/// `<BestSensorCov><UseRxDFs/><AOIs/>[<ResultGrid/>][<Comment/>]</BestSensorCov>`.
+/// No version. A grid or comment read replaces the one held.
+/// \ingroup commands
 class KELXML_EXPORT XmlBestSensorType : public XmlComposite
 {
 public:

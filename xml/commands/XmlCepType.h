@@ -8,10 +8,11 @@
 
 namespace KelXml {
 
-// A request for the circular error probable of direction-finding fixes over
-// areas of interest:
-// <CEP><UseDFs/><AOIs/>[<Probability/>][<ResultGrid/>]</CEP>.
-// No version. A probability or grid read replaces the one held.
+/// A request for the circular error probable of direction-finding fixes over
+/// areas of interest:
+/// `<CEP><UseDFs/><AOIs/>[<Probability/>][<ResultGrid/>]</CEP>`.
+/// No version. A probability or grid read replaces the one held.
+/// \ingroup commands
 class KELXML_EXPORT XmlCepType : public XmlComposite
 {
 public:

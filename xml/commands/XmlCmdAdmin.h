@@ -7,11 +7,12 @@
 
 namespace KelXml {
 
-// An administrative command of a command message, a request about the server
-// itself: <Administrative><QueryVersion/><Reference>r</Reference></Administrative>.
-// No version. The command type is set by reading only, when the QueryVersion
-// element closes; the reference may stand anywhere and any number of times.
-// The order definition is handed in by the message and never written.
+/// An administrative command of a command message, a request about the server
+/// itself: `<Administrative><QueryVersion/><Reference>r</Reference></Administrative>`.
+/// No version. The command type is set by reading only, when the QueryVersion
+/// element closes; the reference may stand anywhere and any number of times.
+/// The order definition is handed in by the message and never written.
+/// \ingroup commands
 class KELXML_EXPORT XmlCmdAdmin : public XmlElementBase
 {
 public:

@@ -10,9 +10,10 @@
 
 namespace KelXml {
 
-// One calculation to run: <Calculate><CEP>...</CEP><Reference>..</Reference></Calculate>.
-// Exactly one of the six requests makes a valid command; the setters do not
-// clear the other kinds, so setting two gives an invalid command.
+/// One calculation to run: `<Calculate><CEP>...</CEP><Reference>..</Reference></Calculate>`.
+/// Exactly one of the six requests makes a valid command; the setters do not
+/// clear the other kinds, so setting two gives an invalid command.
+/// \ingroup commands
 class KELXML_EXPORT XmlCmdCalc : public XmlCmdBase
 {
 public:

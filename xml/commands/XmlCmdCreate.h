@@ -12,10 +12,11 @@
 
 namespace KelXml {
 
-// Adds one scenario object: <Create><Station>...</Station><Reference>..</Reference></Create>.
-// The signal path is read from "Path" but written as "SignalPath", which the
-// reader refuses: a written signal path does not read back. Exactly one
-// object makes a valid command; the setters do not clear the other kinds.
+/// Adds one scenario object: `<Create><Station>...</Station><Reference>..</Reference></Create>`.
+/// The signal path is read from "Path" but written as "SignalPath", which the
+/// reader refuses: a written signal path does not read back. Exactly one
+/// object makes a valid command; the setters do not clear the other kinds.
+/// \ingroup commands
 class KELXML_EXPORT XmlCmdCreate : public XmlCmdBase
 {
 public:

@@ -5,10 +5,11 @@
 
 namespace KelXml {
 
-// Removes scenario objects of one kind, one named object or all of them:
-// <Delete><Emitter><All/></Emitter><Reference>..</Reference></Delete>.
-// Exactly one kind makes a valid command. The command document does not
-// consult its delete commands when it checks itself.
+/// Removes scenario objects of one kind, one named object or all of them:
+/// `<Delete><Emitter><All/></Emitter><Reference>..</Reference></Delete>`.
+/// Exactly one kind makes a valid command. The command document does not
+/// consult its delete commands when it checks itself.
+/// \ingroup commands
 class KELXML_EXPORT XmlCmdDelete : public XmlCmdBase
 {
 public:

@@ -12,15 +12,16 @@
 
 namespace KelXml {
 
-// A whole command message, under a root element named by the caller:
-// an optional ORDER_DEF, then Administrative, Create and Delete commands, at
-// most one PropagationModel command and Calculate commands, kinds in that
-// order. Each command gets a copy of the order definition once it has read
-// itself. Reading into a used root adds to its lists: reset() first to reuse
-// one.
-//
-// The delete commands are written but take no part in isValid() or
-// syntaxError(): a message whose only faults lie in them is valid.
+/// A whole command message, under a root element named by the caller:
+/// an optional ORDER_DEF, then Administrative, Create and Delete commands, at
+/// most one PropagationModel command and Calculate commands, kinds in that
+/// order. Each command gets a copy of the order definition once it has read
+/// itself. Reading into a used root adds to its lists: reset() first to reuse
+/// one.
+///
+/// The delete commands are written but take no part in isValid() or
+/// syntaxError(): a message whose only faults lie in them is valid.
+/// \ingroup commands
 class KELXML_EXPORT XmlCmdRoot : public XmlComposite
 {
 public:
@@ -28,15 +29,15 @@ public:
 
     bool hasOrderDef() const { return bool(m_orderDef); }
     const XmlOrderDef* orderDef() const { return m_orderDef.get(); }
-    // Copies the definition; commands already held keep theirs.
+    /// Copies the definition; commands already held keep theirs.
     void setOrderDef(const XmlOrderDef& orderDef) { m_orderDef.assign(orderDef); }
 
-    // The commands, owned by the root, in document order.
+    /// The commands, owned by the root, in document order.
     const QList<XmlCmdAdmin*> getAdministrativeCmds() const { return m_admins.list(); }
     const QList<XmlCmdCreate*> getCreateCmds() const { return m_creates.list(); }
     const QList<XmlCmdDelete*> getDeleteCmds() const { return m_deletes.list(); }
     const QList<XmlCmdCalc*> getCalculationCmds() const { return m_calcs.list(); }
-    // Null when the message holds none.
+    /// Null when the message holds none.
     const XmlPropModelType* getPropagationModelCmd() const { return m_propModel.get(); }
 
 private:

@@ -7,9 +7,10 @@
 
 namespace KelXml {
 
-// A request for the detection probability over areas of interest:
-// <DetectionProbability><UseRxDFs/><AOIs/>[<ResultGrid/>]</DetectionProbability>.
-// No version. A grid read replaces the one held.
+/// A request for the detection probability over areas of interest:
+/// `<DetectionProbability><UseRxDFs/><AOIs/>[<ResultGrid/>]</DetectionProbability>`.
+/// No version. A grid read replaces the one held.
+/// \ingroup commands
 class KELXML_EXPORT XmlDetectProbType : public XmlComposite
 {
 public:

@@ -7,9 +7,10 @@
 
 namespace KelXml {
 
-// A request for the direction-finding coverage over areas of interest:
-// <DFcoverage><UseDFs/><AOIs/>[<ResultGrid/>]</DFcoverage>.
-// No version. A grid read replaces the one held.
+/// A request for the direction-finding coverage over areas of interest:
+/// `<DFcoverage><UseDFs/><AOIs/>[<ResultGrid/>]</DFcoverage>`.
+/// No version. A grid read replaces the one held.
+/// \ingroup commands
 class KELXML_EXPORT XmlDfCovType : public XmlComposite
 {
 public:

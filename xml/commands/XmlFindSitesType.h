@@ -7,18 +7,19 @@
 
 namespace KelXml {
 
-// A request for possible sensor sites, judged against known emitters and/or
-// randomly placed ones:
-// <FindPossibleSites>[<UseKnownEmitters/>]
-//   [<RandomEmitters><Number>10</Number><Distribution>Grid</Distribution></RandomEmitters>]
-//   <DeploymentAreas/>[<ResultGrid/>]</FindPossibleSites>.
-// No version. A count of -1 means no random emitters.
+/// A request for possible sensor sites, judged against known emitters and/or
+/// randomly placed ones:
+/// `<FindPossibleSites>[<UseKnownEmitters/>]`
+/// `[<RandomEmitters><Number>10</Number><Distribution>Grid</Distribution></RandomEmitters>]`
+/// `<DeploymentAreas/>[<ResultGrid/>]</FindPossibleSites>`.
+/// No version. A count of -1 means no random emitters.
+/// \ingroup commands
 class KELXML_EXPORT XmlFindSitesType : public XmlElementBase
 {
 public:
     enum Distribution
     {
-        DistributionUndefined = 0, // written "UNDEFINED", never accepted
+        DistributionUndefined = 0, ///< written "UNDEFINED", never accepted
         DistributionRandom,
         DistributionGrid,
     };
@@ -36,7 +37,7 @@ public:
     void setRandNumber(int number) { m_randNumber = number; }
     Distribution randDistri() const { return m_randDistri; }
     void setRandDistri(Distribution distribution) { m_randDistri = distribution; }
-    // A distribution is set and the count is not negative.
+    /// A distribution is set and the count is not negative.
     bool hasRandEmitters() const;
     const XmlNameAllMultiType* deploymentAreas() const { return &m_deploymentAreas; }
     void setDeploymentAreas(const XmlNameAllMultiType& areas) { m_deploymentAreas = areas; }

@@ -4,10 +4,11 @@
 
 namespace KelXml {
 
-// A request to plan the radio link between two named stations:
-// <InterlinkPlanning><FirstName>A</FirstName><SecondName>B</SecondName></InterlinkPlanning>.
-// No version. A name longer than 128 characters stops the reading and is not
-// taken.
+/// A request to plan the radio link between two named stations:
+/// `<InterlinkPlanning><FirstName>A</FirstName><SecondName>B</SecondName></InterlinkPlanning>`.
+/// No version. A name longer than 128 characters stops the reading and is not
+/// taken.
+/// \ingroup commands
 class KELXML_EXPORT XmlInterlinkPlanningType : public XmlElementBase
 {
 public:

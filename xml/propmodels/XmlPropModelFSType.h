@@ -4,8 +4,9 @@
 
 namespace KelXml {
 
-// The free-space model's parameters: <PropertiesFreespace><K-factor/></PropertiesFreespace>.
-// The K-factor may stand several times; the last one counts.
+/// The free-space model's parameters: `<PropertiesFreespace><K-factor/></PropertiesFreespace>`.
+/// The K-factor may stand several times; the last one counts.
+/// \ingroup propmodels
 class KELXML_EXPORT XmlPropModelFSType : public XmlParamSet
 {
 public:

@@ -4,9 +4,10 @@
 
 namespace KelXml {
 
-// The Okumura-Hata model's parameters: K-factor, area type and city size, in
-// that order, each at most once. Reading starts from the defaults. The writer
-// puts the K-factor under the set's own element name, which its reader refuses.
+/// The Okumura-Hata model's parameters: K-factor, area type and city size, in
+/// that order, each at most once. Reading starts from the defaults. The writer
+/// puts the K-factor under the set's own element name, which its reader refuses.
+/// \ingroup propmodels
 class KELXML_EXPORT XmlPropModelHataType : public XmlParamSet
 {
 public:

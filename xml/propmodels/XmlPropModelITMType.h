@@ -4,9 +4,10 @@
 
 namespace KelXml {
 
-// The Irregular Terrain Model's parameters: RRI, polarisation, climate,
-// surface, confidence and time, in that order, each at most once. An
-// enumeration that is set must not be undefined.
+/// The Irregular Terrain Model's parameters: RRI, polarisation, climate,
+/// surface, confidence and time, in that order, each at most once. An
+/// enumeration that is set must not be undefined.
+/// \ingroup propmodels
 class KELXML_EXPORT XmlPropModelITMType : public XmlParamSet
 {
 public:

@@ -4,8 +4,9 @@
 
 namespace KelXml {
 
-// The OLOS model's parameters: <PropertiesOLOS><K-factor/><MaxRange_km/></PropertiesOLOS>.
-// The K-factor may stand several times before the range (the last one counts).
+/// The OLOS model's parameters: `<PropertiesOLOS><K-factor/><MaxRange_km/></PropertiesOLOS>`.
+/// The K-factor may stand several times before the range (the last one counts).
+/// \ingroup propmodels
 class KELXML_EXPORT XmlPropModelOLOSType : public XmlParamSet
 {
 public:

@@ -4,9 +4,10 @@
 
 namespace KelXml {
 
-// The P.1546 point-to-area model's parameters. The first four children may
-// stand several times in a row (the last one counts), the others at most once.
-// The antenna gain is read and written as "BoardAntGain".
+/// The P.1546 point-to-area model's parameters. The first four children may
+/// stand several times in a row (the last one counts), the others at most once.
+/// The antenna gain is read and written as "BoardAntGain".
+/// \ingroup propmodels
 class KELXML_EXPORT XmlPropModelP1546Type : public XmlParamSet
 {
 public:

@@ -4,9 +4,10 @@
 
 namespace KelXml {
 
-// The P.452 interference model's parameters: ten children in a fixed order,
-// each at most once. Three of them are integers, which refuse decimal text.
-// Its messages and report frames carry the class name "XmlPropModelP542Type".
+/// The P.452 interference model's parameters: ten children in a fixed order,
+/// each at most once. Three of them are integers, which refuse decimal text.
+/// Its messages and report frames carry the class name "XmlPropModelP542Type".
+/// \ingroup propmodels
 class KELXML_EXPORT XmlPropModelP452Type : public XmlParamSet
 {
 public:

@@ -4,10 +4,11 @@
 
 namespace KelXml {
 
-// The P.526 diffraction model's parameters. The reader takes "K-factor",
-// "Pol", "Surface", "AssumeSmoothEarth" and "IncludeSubPathDiffractionLoss";
-// the writer uses longer names for the last four, so its output does not read
-// back. The enumerations count from 0.
+/// The P.526 diffraction model's parameters. The reader takes "K-factor",
+/// "Pol", "Surface", "AssumeSmoothEarth" and "IncludeSubPathDiffractionLoss";
+/// the writer uses longer names for the last four, so its output does not read
+/// back. The enumerations count from 0.
+/// \ingroup propmodels
 class KELXML_EXPORT XmlPropModelP526Type : public XmlParamSet
 {
 public:

@@ -4,8 +4,9 @@
 
 namespace KelXml {
 
-// The P.533 sky-wave model's parameters: <K-factor/><SmoothedSunSpotNumber/>.
-// Its messages and report frames carry the class name "XmlPropModelP526Type".
+/// The P.533 sky-wave model's parameters: `<K-factor/><SmoothedSunSpotNumber/>`.
+/// Its messages and report frames carry the class name "XmlPropModelP526Type".
+/// \ingroup propmodels
 class KELXML_EXPORT XmlPropModelP533Type : public XmlParamSet
 {
 public:

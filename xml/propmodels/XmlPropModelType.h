@@ -13,14 +13,15 @@
 
 namespace KelXml {
 
-// The propagation-model command: the selected model and at most one model's
-// parameter set, then, in command mode, the command's reference:
-// <PropagationModel><SelectModel>ITM</SelectModel><PropertiesITM>...</PropertiesITM>
-// <Reference>r</Reference></PropagationModel>. No version and no attributes.
-// The Okumura-Hata set travels as "PropertiesOkumura". Nothing ties the set to
-// the selected model. Reading replaces only the children it meets; in command
-// mode the element needs its reference. The order definition is handed in by
-// the message and never read or written.
+/// The propagation-model command: the selected model and at most one model's
+/// parameter set, then, in command mode, the command's reference:
+/// `<PropagationModel><SelectModel>ITM</SelectModel><PropertiesITM>...</PropertiesITM>`
+/// `<Reference>r</Reference></PropagationModel>`. No version and no attributes.
+/// The Okumura-Hata set travels as "PropertiesOkumura". Nothing ties the set to
+/// the selected model. Reading replaces only the children it meets; in command
+/// mode the element needs its reference. The order definition is handed in by
+/// the message and never read or written.
+/// \ingroup propmodels
 class KELXML_EXPORT XmlPropModelType : public XmlCmdBase
 {
 public:

@@ -10,19 +10,20 @@
 
 namespace KelXml {
 
-// The result of a grid calculation: the request's parameters and the name of
-// the picture file that the server stored.
-// <GridResult type="CEP"><CEP><Parameter>...</Parameter>
-//   <ScreenshotFilename>grid.png</ScreenshotFilename></CEP></GridResult>.
-// No version. The parameters are read under the wrapper's name ("CEP") and
-// the reading then expects the "Parameter" end tag, so a written grid result
-// does not read back.
+/// The result of a grid calculation: the request's parameters and the name of
+/// the picture file that the server stored.
+/// `<GridResult type="CEP"><CEP><Parameter>...</Parameter>`
+///   `<ScreenshotFilename>grid.png</ScreenshotFilename></CEP></GridResult>`.
+/// No version. The parameters are read under the wrapper's name ("CEP") and
+/// the reading then expects the "Parameter" end tag, so a written grid result
+/// does not read back.
+/// \ingroup responses
 class KELXML_EXPORT XmlGridResultType : public XmlElementBase
 {
 public:
     enum ResultType : qint32
     {
-        ResultUndefined = 0, // written "UNDEFINED", never accepted
+        ResultUndefined = 0, ///< written "UNDEFINED", never accepted
         FindSites,
         Cep,
         DetectProb,
@@ -62,11 +63,11 @@ protected:
     void checkContent(XmlChecks& checks) const override;
 
 private:
-    // The parameter object of a result type; null when absent or for a type
-    // without one.
+    /// The parameter object of a result type; null when absent or for a type
+    /// without one.
     IXmlElement* parameter(int type) const;
-    // Replaces the parameter object of a result type with a new one; null
-    // for a type without one.
+    /// Replaces the parameter object of a result type with a new one; null
+    /// for a type without one.
     IXmlElement* renewParameter(int type);
 
     ResultType m_type;

@@ -4,11 +4,12 @@
 
 namespace KelXml {
 
-// The value range and unit of a result grid:
-// <Values version="1.0" unit="dBm"><Min>-120</Min><Max>-40.5</Max></Values>.
-// Both attributes are mandatory; reading refuses another version than "1.0".
-// A Min or Max text that is not a number is passed over and leaves the value
-// as it was.
+/// The value range and unit of a result grid:
+/// `<Values version="1.0" unit="dBm"><Min>-120</Min><Max>-40.5</Max></Values>`.
+/// Both attributes are mandatory; reading refuses another version than "1.0".
+/// A Min or Max text that is not a number is passed over and leaves the value
+/// as it was.
+/// \ingroup responses
 class KELXML_EXPORT XmlGridValuesType : public XmlElementBase
 {
 public:

@@ -8,12 +8,13 @@
 
 namespace KelXml {
 
-// A result that the server sends on its own: one grid result, interlink
-// result or result object.
-// <Interactive><GridResult type="CEP">...</GridResult></Interactive>.
-// No version, no attributes and no position check. The result object travels
-// under "Station", whichever object it holds. Reading takes exactly one
-// child, read into a fresh object; the other kinds stay as they were.
+/// A result that the server sends on its own: one grid result, interlink
+/// result or result object.
+/// `<Interactive><GridResult type="CEP">...</GridResult></Interactive>`.
+/// No version, no attributes and no position check. The result object travels
+/// under "Station", whichever object it holds. Reading takes exactly one
+/// child, read into a fresh object; the other kinds stay as they were.
+/// \ingroup responses
 class KELXML_EXPORT XmlInteractRespType : public XmlComposite
 {
 public:

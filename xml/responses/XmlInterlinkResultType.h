@@ -5,13 +5,14 @@
 
 namespace KelXml {
 
-// The answer to an interlink planning request: the planning parameters and
-// the result as text, with an optional picture file.
-// <InterlinkResult><Parameters>...</Parameters>
-//   <Result><Text>...</Text><ScreenshotFilename>link.png</ScreenshotFilename></Result>
-// </InterlinkResult>.
-// No version, no position check. "Parameters" and "Text" are required by
-// the reading; the file name is optional and written only when set.
+/// The answer to an interlink planning request: the planning parameters and
+/// the result as text, with an optional picture file.
+/// `<InterlinkResult><Parameters>...</Parameters>`
+///   `<Result><Text>...</Text><ScreenshotFilename>link.png</ScreenshotFilename></Result>`
+/// `</InterlinkResult>`.
+/// No version, no position check. "Parameters" and "Text" are required by
+/// the reading; the file name is optional and written only when set.
+/// \ingroup responses
 class KELXML_EXPORT XmlInterlinkResultType : public XmlElementBase
 {
 public:

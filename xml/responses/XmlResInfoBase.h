@@ -10,16 +10,17 @@
 
 namespace KelXml {
 
-// What every result information record holds: a finished grid calculation
-// with the area it was computed over.
-// <Result version="1.0"><Name/><AreaPolygon/> or <AreaRect/><ResultGrid/>
-// <Values/></Result>, and in the best-sensor record an optional <Comment/>.
-//
-// Reading takes the children strictly one after the other: each only right
-// after the one before it, one shape for the area, and refuses any version
-// but "1.0". The setters of the shapes leave the other shape alone, so a
-// record may hold both: both are written, polygon first, and the report
-// consults only the polygon.
+/// What every result information record holds: a finished grid calculation
+/// with the area it was computed over.
+/// `<Result version="1.0"><Name/><AreaPolygon/> or <AreaRect/><ResultGrid/>`
+/// `<Values/></Result>`, and in the best-sensor record an optional `<Comment/>`.
+///
+/// Reading takes the children strictly one after the other: each only right
+/// after the one before it, one shape for the area, and refuses any version
+/// but "1.0". The setters of the shapes leave the other shape alone, so a
+/// record may hold both: both are written, polygon first, and the report
+/// consults only the polygon.
+/// \ingroup responses
 class KELXML_EXPORT XmlResInfoBase : public XmlVersionedComposite
 {
 public:
@@ -40,17 +41,17 @@ protected:
     enum CommentRule
     {
         NoComment,
-        WithComment, // an optional Comment after the values
+        WithComment, ///< an optional Comment after the values
     };
 
     explicit XmlResInfoBase(const XmlLayout& layout);
 
-    // The table of a record of the named class.
+    /// The table of a record of the named class.
     static XmlLayout recordLayout(const char* classname, CommentRule comment);
 
     void checkContent(XmlChecks& checks) const override;
 
-    // Held by the best-sensor record only; always null in the others.
+    /// Held by the best-sensor record only; always null in the others.
     XmlOwnedPtr<XmlObjNameType> m_comment;
 
 private:

@@ -4,8 +4,9 @@
 
 namespace KelXml {
 
-// The record of a finished best-sensor calculation: name, area, result grid
-// and values, then an optional Comment, after which nothing is accepted.
+/// The record of a finished best-sensor calculation: name, area, result grid
+/// and values, then an optional Comment, after which nothing is accepted.
+/// \ingroup responses
 class KELXML_EXPORT XmlResInfo_BestSensor_Type : public XmlResInfoBase
 {
 public:

@@ -10,23 +10,24 @@
 
 namespace KelXml {
 
-// A whole response message, under a root element named by the caller:
-// <Response type="automatic" final="true" timestamp="2021-03-04T05:06:07">
-//   <ORDER_DEF>...</ORDER_DEF><Automatic status="ack">...</Automatic></Response>.
-// No version. The three attributes are read whether present or not, and a
-// missing or unknown one is a reading error. "ORDER_DEF" may stand anywhere
-// and any number of times, the last one kept; then one "Automatic" or
-// "Interactive" content element. The type is compared with the content only
-// by isValid() and syntaxError().
-//
-// The timestamp defaults to the time of construction, and reset() takes the
-// time anew.
+/// A whole response message, under a root element named by the caller:
+/// `<Response type="automatic" final="true" timestamp="2021-03-04T05:06:07">`
+///   `<ORDER_DEF>...</ORDER_DEF><Automatic status="ack">...</Automatic></Response>`.
+/// No version. The three attributes are read whether present or not, and a
+/// missing or unknown one is a reading error. "ORDER_DEF" may stand anywhere
+/// and any number of times, the last one kept; then one "Automatic" or
+/// "Interactive" content element. The type is compared with the content only
+/// by isValid() and syntaxError().
+///
+/// The timestamp defaults to the time of construction, and reset() takes the
+/// time anew.
+/// \ingroup responses
 class KELXML_EXPORT XmlRespRoot : public XmlElementBase
 {
 public:
     enum RespType : qint32
     {
-        Undefined = 0, // written "UNDEFINED", never accepted
+        Undefined = 0, ///< written "UNDEFINED", never accepted
         Interactive,
         Automatic,
     };
@@ -47,7 +48,7 @@ public:
     bool hasOrderDef() const { return bool(m_orderDef); }
     const XmlOrderDef* orderDef() const { return m_orderDef.get(); }
     void setOrderDef(const XmlOrderDef& orderDef) { m_orderDef.assign(orderDef); }
-    // Setting one content element leaves the other in place.
+    /// Setting one content element leaves the other in place.
     bool hasAutoResp() const { return bool(m_autoResp); }
     const XmlAutoRespType* autoResp() const { return m_autoResp.get(); }
     void setAutoResp(const XmlAutoRespType& response) { m_autoResp.assign(response); }

@@ -4,14 +4,15 @@
 
 namespace KelXml {
 
-// The size of a result grid as a text element: <ResultGrid>100</ResultGrid>.
-// No version and no attributes.
+/// The size of a result grid as a text element: `<ResultGrid>100</ResultGrid>`.
+/// No version and no attributes.
+/// \ingroup responses
 class KELXML_EXPORT XmlResultGridType : public XmlEnumElement
 {
 public:
     enum GridSize
     {
-        SizeUndefined = 0, // written "UNDEFINED", never accepted
+        SizeUndefined = 0, ///< written "UNDEFINED", never accepted
         Grid10,
         Grid50,
         Grid100,

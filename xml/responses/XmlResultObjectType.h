@@ -9,12 +9,13 @@
 
 namespace KelXml {
 
-// One scenario object that the server reports: a station, an emitter, a
-// receiver or a direction finder.
-// <Station><Emitter version="1.0">...</Emitter></Station>.
-// No version, no position check. It is meant to hold one object; only the
-// reading enforces that. The reading refuses every end tag, the element's own
-// included, so it always ends in an error once the object has been read.
+/// One scenario object that the server reports: a station, an emitter, a
+/// receiver or a direction finder.
+/// `<Station><Emitter version="1.0">...</Emitter></Station>`.
+/// No version, no position check. It is meant to hold one object; only the
+/// reading enforces that. The reading refuses every end tag, the element's own
+/// included, so it always ends in an error once the object has been read.
+/// \ingroup responses
 class KELXML_EXPORT XmlResultObjectType : public XmlElementBase
 {
 public:

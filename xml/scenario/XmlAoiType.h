@@ -10,12 +10,13 @@
 
 namespace KelXml {
 
-// An area of interest, where emitters are assumed and coverage is calculated:
-// <AOI version="1.0"><Name/><AreaRect/> or <AreaPolygon/><TxParameter/>
-// <RxThreshold/></AOI>, the threshold optional.
-//
-// Exactly one shape is wanted; installing one, by reading or by a setter,
-// deletes the other. Reading refuses any version but "1.0".
+/// An area of interest, where emitters are assumed and coverage is calculated:
+/// `<AOI version="1.0"><Name/><AreaRect/> or <AreaPolygon/><TxParameter/>`
+/// `<RxThreshold/></AOI>`, the threshold optional.
+///
+/// Exactly one shape is wanted; installing one, by reading or by a setter,
+/// deletes the other. Reading refuses any version but "1.0".
+/// \ingroup scenario
 class KELXML_EXPORT XmlAoiType : public XmlVersionedComposite
 {
 public:

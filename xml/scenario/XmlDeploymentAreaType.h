@@ -13,14 +13,15 @@
 
 namespace KelXml {
 
-// An area in which sensors may be sited:
-// <DeploymentArea version="1.0"><SignalPath/><Name/><AreaRect/> or <AreaPolygon/>
-// <AntennaHeight/><RxThreshold/><Frequency/><TxPower/></DeploymentArea>,
-// the signal path optional.
-//
-// Exactly one shape is wanted; installing one, by reading or by a setter,
-// deletes the other. The signal path may stand before or after the name.
-// Reading refuses any version but "1.0".
+/// An area in which sensors may be sited:
+/// `<DeploymentArea version="1.0"><SignalPath/><Name/><AreaRect/> or <AreaPolygon/>`
+/// `<AntennaHeight/><RxThreshold/><Frequency/><TxPower/></DeploymentArea>`,
+/// the signal path optional.
+///
+/// Exactly one shape is wanted; installing one, by reading or by a setter,
+/// deletes the other. The signal path may stand before or after the name.
+/// Reading refuses any version but "1.0".
+/// \ingroup scenario
 class KELXML_EXPORT XmlDeploymentAreaType : public XmlVersionedComposite
 {
 public:

@@ -11,13 +11,14 @@
 
 namespace KelXml {
 
-// One device of a signal chain: its category, name and frequencies, and the
-// tables indexed by those frequencies.
-// <Device version="1.0"><DeviceCategory/><Name/><Frequencies/>tables</Device>.
-//
-// Reading accepts only five sets of tables, in their own order (KFactors
-// last in the four-table sets), while writing puts KFactors right after
-// Noises; a four-table device therefore does not read back.
+/// One device of a signal chain: its category, name and frequencies, and the
+/// tables indexed by those frequencies.
+/// `<Device version="1.0"><DeviceCategory/><Name/><Frequencies/>tables</Device>`.
+///
+/// Reading accepts only five sets of tables, in their own order (KFactors
+/// last in the four-table sets), while writing puts KFactors right after
+/// Noises; a four-table device therefore does not read back.
+/// \ingroup scenario
 class KELXML_EXPORT XmlDeviceType : public XmlVersionedComposite
 {
 public:
@@ -45,7 +46,7 @@ public:
     bool hasGain() const { return bool(m_gains); }
     const XmlDecibelListType* gainList() const { return m_gains.get(); }
     void setGainList(const XmlDecibelListType& gains) { m_gains.assign(gains); }
-    // The direction-finding accuracies, written as <Degrees>.
+    /// The direction-finding accuracies, written as `<Degrees>`.
     bool hasAccuracy() const { return bool(m_degrees); }
     const XmlDegreesListType* accuracyList() const { return m_degrees.get(); }
     void setAccuracyList(const XmlDegreesListType& degrees) { m_degrees.assign(degrees); }

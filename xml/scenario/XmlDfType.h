@@ -10,12 +10,13 @@
 
 namespace KelXml {
 
-// A direction finder:
-// <DF version="1.0"><Name/><Position/><RxParameter/><DFprecision/>
-// <StationInterlink/></DF>, the interlink optional.
-//
-// Reading refuses any version but "1.0". The interlink is taken wherever it
-// stands, even first, but once it was read no other child is taken.
+/// A direction finder:
+/// `<DF version="1.0"><Name/><Position/><RxParameter/><DFprecision/>`
+/// `<StationInterlink/></DF>`, the interlink optional.
+///
+/// Reading refuses any version but "1.0". The interlink is taken wherever it
+/// stands, even first, but once it was read no other child is taken.
+/// \ingroup scenario
 class KELXML_EXPORT XmlDfType : public XmlVersionedComposite
 {
 public:

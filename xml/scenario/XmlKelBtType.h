@@ -18,16 +18,17 @@
 
 namespace KelXml {
 
-// A scenario snapshot, under a root element named by the caller:
-// <Root version="1.0"><ScreenshotPath>view.png</ScreenshotPath>
-// <DisplayedObjects>...</DisplayedObjects></Root>, the displayed objects
-// grouped by kind in the order DeploymentArea, AreaOfInterest, KnownEmitter,
-// Receiver, DirectionFinder, Result_FindSites, Result_CEP, Result_DetectProb,
-// Result_DfCoverage, each kind any number of times.
-//
-// Only non-empty text marks the path as read: after an empty ScreenshotPath
-// the DisplayedObjects element is refused. Reading refuses any version but
-// "1.0" and adds to the lists held: reset() first to reuse a document.
+/// A scenario snapshot, under a root element named by the caller:
+/// `<Root version="1.0"><ScreenshotPath>view.png</ScreenshotPath>`
+/// `<DisplayedObjects>...</DisplayedObjects></Root>`, the displayed objects
+/// grouped by kind in the order DeploymentArea, AreaOfInterest, KnownEmitter,
+/// Receiver, DirectionFinder, Result_FindSites, Result_CEP, Result_DetectProb,
+/// Result_DfCoverage, each kind any number of times.
+///
+/// Only non-empty text marks the path as read: after an empty ScreenshotPath
+/// the DisplayedObjects element is refused. Reading refuses any version but
+/// "1.0" and adds to the lists held: reset() first to reuse a document.
+/// \ingroup scenario
 class KELXML_EXPORT XmlKelBtType : public XmlVersionedComposite
 {
 public:
@@ -40,7 +41,7 @@ public:
     const QString& screenshotPath() const { return m_screenshotPath; }
     void setScreenshotPath(const QString& path) { m_screenshotPath = path; }
 
-    // Per kind: add a copy, the number held, and the document's own objects.
+    /// Per kind: add a copy, the number held, and the document's own objects.
     void addDeployment(const XmlDeploymentAreaType& area) { m_deployments.appendCopy(area); }
     int hasDeployments() const { return m_deployments.size(); }
     QList<XmlDeploymentAreaType*> deployments() const { return m_deployments.list(); }

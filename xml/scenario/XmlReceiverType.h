@@ -9,12 +9,13 @@
 
 namespace KelXml {
 
-// A receiver:
-// <Receiver version="1.0"><Name/><Position/><RxParameter/><StationInterlink/></Receiver>,
-// the interlink optional.
-//
-// Reading refuses any version but "1.0". The interlink is taken wherever it
-// stands, even first, but once it was read no other child is taken.
+/// A receiver:
+/// `<Receiver version="1.0"><Name/><Position/><RxParameter/><StationInterlink/></Receiver>`,
+/// the interlink optional.
+///
+/// Reading refuses any version but "1.0". The interlink is taken wherever it
+/// stands, even first, but once it was read no other child is taken.
+/// \ingroup scenario
 class KELXML_EXPORT XmlReceiverType : public XmlVersionedComposite
 {
 public:

@@ -6,9 +6,10 @@
 
 namespace KelXml {
 
-// The receive parameters of a station:
-// <RxParameter version="1.0"><AntennaHeight/><RxThreshold/></RxParameter>.
-// Reading keeps an unsupported version; only the report refuses it.
+/// The receive parameters of a station:
+/// `<RxParameter version="1.0"><AntennaHeight/><RxThreshold/></RxParameter>`.
+/// Reading keeps an unsupported version; only the report refuses it.
+/// \ingroup scenario
 class KELXML_EXPORT XmlRxParamType : public XmlVersionedComposite
 {
 public:

@@ -9,10 +9,11 @@
 
 namespace KelXml {
 
-// The receive chain of a station, from antenna to receiver:
-// <SignalPath version="1.0"><Name/><SINAD/><Device><Device/>...</Device>
-// <AntHgtMap/><CabLenMap/></SignalPath>, the two maps optional.
-// Reading refuses any version but "1.0".
+/// The receive chain of a station, from antenna to receiver:
+/// `<SignalPath version="1.0"><Name/><SINAD/><Device><Device/>...</Device>`
+/// `<AntHgtMap/><CabLenMap/></SignalPath>`, the two maps optional.
+/// Reading refuses any version but "1.0".
+/// \ingroup scenario
 class KELXML_EXPORT XmlSignalPathType : public XmlVersionedComposite
 {
 public:
@@ -24,11 +25,11 @@ public:
     void setSinad(const XmlSinadType& sinad) { m_sinad = sinad; }
     const XmlDeviceListType* devices() const { return &m_devices; }
     void setDevices(const XmlDeviceListType& devices) { m_devices = devices; }
-    // The antenna height map.
+    /// The antenna height map.
     bool hasAnt() const { return bool(m_antHgtMap); }
     const XmlMapListType* ant() const { return m_antHgtMap.get(); }
     void setAnt(const XmlMapListType& map) { m_antHgtMap.assign(map); }
-    // The cable length map.
+    /// The cable length map.
     bool hasCab() const { return bool(m_cabLenMap); }
     const XmlMapListType* cab() const { return m_cabLenMap.get(); }
     void setCab(const XmlMapListType& map) { m_cabLenMap.assign(map); }

@@ -8,13 +8,14 @@
 
 namespace KelXml {
 
-// The radio parameters of a station's link to the network:
-// <StationInterlink version="1.0"><Frequency/><TxPower/><RxThreshold/>
-// <AntennaHeight/></StationInterlink>.
-//
-// The power is read from <TxPower> but written as <Power>, so a written
-// interlink is refused by its own reader. Reading keeps an unsupported
-// version; only the report refuses it.
+/// The radio parameters of a station's link to the network:
+/// `<StationInterlink version="1.0"><Frequency/><TxPower/><RxThreshold/>`
+/// `<AntennaHeight/></StationInterlink>`.
+///
+/// The power is read from `<TxPower>` but written as `<Power>`, so a written
+/// interlink is refused by its own reader. Reading keeps an unsupported
+/// version; only the report refuses it.
+/// \ingroup scenario
 class KELXML_EXPORT XmlStationInterlinkType : public XmlVersionedComposite
 {
 public:

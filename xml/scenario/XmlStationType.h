@@ -11,14 +11,15 @@
 
 namespace KelXml {
 
-// A monitoring or direction-finding site: a name and a position, and
-// optionally its signal path, receive parameters, direction-finding precision
-// and interlink:
-// <Station><Name/><SignalPath/><Position/><RxParameter/><DFprecision/>
-// <StationInterlink/></Station>.
-//
-// No version attribute. Reading starts on the next token wherever the reader
-// stands, and refused tags are named in the message.
+/// A monitoring or direction-finding site: a name and a position, and
+/// optionally its signal path, receive parameters, direction-finding precision
+/// and interlink:
+/// `<Station><Name/><SignalPath/><Position/><RxParameter/><DFprecision/>`
+/// `<StationInterlink/></Station>`.
+///
+/// No version attribute. Reading starts on the next token wherever the reader
+/// stands, and refused tags are named in the message.
+/// \ingroup scenario
 class KELXML_EXPORT XmlStationType : public XmlComposite
 {
 public:
