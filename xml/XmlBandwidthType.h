@@ -17,7 +17,9 @@ public:
     void reset() override;
 
     double bandwidth_khz() const { return m_bandwidth; }
+    /// Takes kilohertz, whatever the unit says.
     void setBandwidth(double bandwidth) { m_bandwidth = bandwidth; }
+    /// The unit as read; only "kHz" is valid.
     const QString& unit() const { return m_unit; }
     QString version() const { return m_version; }
     void setVersion(const QString& version) { m_version = version; }

@@ -44,6 +44,7 @@ private:
 class KELXML_EXPORT XmlVersionedComposite : public XmlComposite
 {
 public:
+    /// The version attribute; only "1.0" is supported.
     QString version() const { return m_version; }
     void setVersion(const QString& version) { m_version = version; }
 

@@ -18,8 +18,10 @@ public:
     void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
     void reset() override;
 
+    /// Decimal degrees, valid from -180 to 180; -999.999 until set.
     double longitude() const { return m_longitude; }
     void setLongitude(double longitude) { m_longitude = longitude; }
+    /// Decimal degrees, valid from -90 to 90; -999.999 until set.
     double latitude() const { return m_latitude; }
     void setLatitude(double latitude) { m_latitude = latitude; }
     QString version() const { return m_version; }

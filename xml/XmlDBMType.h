@@ -18,6 +18,7 @@ public:
 
     double dBm() const { return m_dBm; }
     void setDBM(double dBm) { m_dBm = dBm; }
+    /// Always "dBm": the unit is written but never read.
     const QString& unit() const { return m_unit; }
     QString version() const { return m_version; }
     void setVersion(const QString& version) { m_version = version; }

@@ -18,6 +18,7 @@ public:
 
     double decibel() const { return m_decibel; }
     void setDecibel(double decibel) { m_decibel = decibel; }
+    /// Always "dB": the unit is written but never read.
     const QString& unit() const { return m_unit; }
     QString version() const { return m_version; }
     void setVersion(const QString& version) { m_version = version; }

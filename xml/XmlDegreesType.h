@@ -16,8 +16,10 @@ public:
     void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
     void reset() override;
 
+    /// Valid from 0 to 90.
     double degrees() const { return m_degrees; }
     void setDegrees(double degrees) { m_degrees = degrees; }
+    /// Always the degree sign: the unit is written but never read.
     const QString& unit() const { return m_unit; }
     QString version() const { return m_version; }
     void setVersion(const QString& version) { m_version = version; }

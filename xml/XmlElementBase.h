@@ -64,6 +64,7 @@ public:
     /// A report: each failure adds its message to the element's text.
     explicit XmlChecks(XmlElementBase& element);
 
+    /// False once a rule has failed.
     bool passed() const { return m_passed; }
 
     /// Fails with `"Version \"<version>\" not supported"` unless supported.
@@ -73,6 +74,7 @@ public:
     /// Takes in a child's verdict or report; a null child is skipped.
     void child(IXmlElement* child);
     template <class T>
+    /// Takes in every child of the list, in order.
     void children(const QList<T*>& list)
     {
         for (T* item : list)

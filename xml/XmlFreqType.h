@@ -20,7 +20,9 @@ public:
     double frequency_MHz() const { return m_frequency; }
     /// Takes megahertz whatever the unit says.
     void setFrequency_MHz(double frequency) { m_frequency = frequency; }
+    /// The unit the value is written in: "Hz", "kHz", "MHz" or "GHz".
     const QString& unit() const { return m_unit; }
+    /// Changes the unit of the written text only; the value held stays in MHz.
     void setUnit(const QString& unit) { m_unit = unit; }
     QString version() const { return m_version; }
     void setVersion(const QString& version) { m_version = version; }

@@ -15,6 +15,7 @@ public:
     void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
     void reset() override;
 
+    /// Valid from 0.
     int key() const { return m_key; }
     void setKey(int key) { m_key = key; }
 

@@ -15,8 +15,10 @@ public:
     void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
     void reset() override;
 
+    /// In metres.
     int length() const { return m_length; }
     void setLength(int length) { m_length = length; }
+    /// The unit as read; only "m" is valid.
     const QString& unit() const { return m_unit; }
     QString version() const { return m_version; }
     void setVersion(const QString& version) { m_version = version; }

@@ -15,7 +15,7 @@ struct XmlListShape
 };
 
 /// The common form of a non-empty list of one element class:
-/// `<Name version="1.0">`<Member .../><Member .../>`</Name>`.
+/// `<Name version="1.0"><Member .../><Member .../></Name>`.
 ///
 /// Reading first empties the list, appends each member in document order
 /// (keeping a member whose reading failed) and refuses the end tag of an empty
@@ -29,6 +29,7 @@ public:
     void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
     void reset() override;
 
+    /// The version attribute; only "1.0" is supported.
     QString version() const { return m_version; }
     void setVersion(const QString& version) { m_version = version; }
 

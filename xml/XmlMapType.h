@@ -27,9 +27,13 @@ public:
     bool isValid() const override;
     void reset() override;
 
+    /// The key; null after reset() until the entry is read again.
     const XmlKeyType* key() const { return m_key.get(); }
+    /// Copies the key into the entry.
     void setKey(const XmlKeyType& key) { m_key.assign(key); }
+    /// The length in metres; null after reset() until the entry is read again.
     const XmlLengthType* value() const { return m_value.get(); }
+    /// Copies the length into the entry.
     void setValue(const XmlLengthType& value) { m_value.assign(value); }
     QString version() const { return m_version; }
     void setVersion(const QString& version) { m_version = version; }

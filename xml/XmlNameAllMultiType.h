@@ -19,7 +19,9 @@ public:
     void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
     void reset() override;
 
+    /// True when no name is held: all objects are selected, or nothing has been chosen yet.
     bool all() const { return m_names.isEmpty(); }
+    /// Selects all objects: deletes the names held.
     void setAll();
     const QList<XmlObjNameType*>& objNames() const { return m_names.list(); }
     /// Replaces the names with copies; the given objects stay the caller's.

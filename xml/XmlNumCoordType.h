@@ -17,6 +17,7 @@ public:
     void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
     void reset() override;
 
+    /// The vertex or point number, valid from 0; -9999 until set.
     int number() const { return m_number; }
     void setNumber(int number) { m_number = number; }
 

@@ -48,6 +48,7 @@ public:
     }
     ~XmlOwnedPtr() { reset(); }
 
+    /// The child; null when there is none.
     T* get() const { return m_ptr; }
     T* operator->() const { return m_ptr; }
     T& operator*() const { return *m_ptr; }
@@ -96,6 +97,7 @@ public:
     }
     ~XmlOwnedList() { clear(); }
 
+    /// The members, which the list owns.
     const QList<T*>& list() const { return m_list; }
     bool isEmpty() const { return m_list.isEmpty(); }
     int size() const { return int(m_list.size()); }

@@ -15,6 +15,7 @@ public:
     void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
     void reset() override;
 
+    /// The ratio as a plain number; the element has no unit.
     double sinad() const { return m_sinad; }
     void setSinad(double sinad) { m_sinad = sinad; }
     QString version() const { return m_version; }

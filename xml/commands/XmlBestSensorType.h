@@ -22,9 +22,11 @@ public:
     const XmlNameAllMultiType* AOIs() const { return &m_aois; }
     void setAOIs(const XmlNameAllMultiType& areas) { m_aois = areas; }
     bool hasResultGrid() const { return bool(m_resultGrid); }
+    /// Null when absent; setResultGrid() stores a copy.
     const XmlResultGridType* resultGrid() const { return m_resultGrid.get(); }
     void setResultGrid(const XmlResultGridType& grid) { m_resultGrid.assign(grid); }
     bool hasComment() const { return bool(m_comment); }
+    /// Null when absent; setComment() stores a copy.
     const XmlObjNameType* comment() const { return m_comment.get(); }
     void setComment(const XmlObjNameType& comment) { m_comment.assign(comment); }
 

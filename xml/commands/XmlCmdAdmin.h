@@ -28,12 +28,16 @@ public:
     void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
     void reset() override;
 
+    /// Set by reading only: AdminCmdQueryVersion once a QueryVersion element has closed.
     AdminCmd adminCmd() const { return m_adminCmd; }
 
+    /// The reference by which the client recognises the answer.
     const XmlReferenceType& cmdReference() const { return m_cmdReference; }
     void setCmdReference(const XmlReferenceType& reference) { m_cmdReference = reference; }
 
     bool hasOrderDef() const { return bool(m_orderDef); }
+    /// Null when absent; setOrderDef() stores a copy.
+    /// Null until the command document hands its order definition over.
     const XmlOrderDef* orderDef() const { return m_orderDef.get(); }
     void setOrderDef(const XmlOrderDef& orderDef) { m_orderDef.assign(orderDef); }
 

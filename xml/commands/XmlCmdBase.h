@@ -24,6 +24,7 @@ class KELXML_EXPORT XmlCmdBase : public XmlComposite
 public:
     void reset() override;
 
+    /// The reference by which the client recognises the answer.
     const XmlReferenceType& cmdReference() const { return m_reference; }
     void setCmdReference(const XmlReferenceType& reference) { m_reference = reference; }
     bool hasOrderDef() const { return bool(m_orderDef); }

@@ -28,16 +28,21 @@ public:
     XmlCmdRoot();
 
     bool hasOrderDef() const { return bool(m_orderDef); }
+    /// Null when the message has none.
     const XmlOrderDef* orderDef() const { return m_orderDef.get(); }
     /// Copies the definition; commands already held keep theirs.
     void setOrderDef(const XmlOrderDef& orderDef) { m_orderDef.assign(orderDef); }
 
-    /// The commands, owned by the root, in document order.
+    /// The administrative commands, owned by the root, in document order;
+    /// reading appends to them.
     const QList<XmlCmdAdmin*> getAdministrativeCmds() const { return m_admins.list(); }
+    /// The create commands, owned by the root, in document order.
     const QList<XmlCmdCreate*> getCreateCmds() const { return m_creates.list(); }
+    /// The delete commands, owned by the root, in document order.
     const QList<XmlCmdDelete*> getDeleteCmds() const { return m_deletes.list(); }
+    /// The calculation commands, owned by the root, in document order.
     const QList<XmlCmdCalc*> getCalculationCmds() const { return m_calcs.list(); }
-    /// Null when the message holds none.
+    /// The propagation-model command; null when the message holds none.
     const XmlPropModelType* getPropagationModelCmd() const { return m_propModel.get(); }
 
 private:

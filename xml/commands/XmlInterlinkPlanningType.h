@@ -18,8 +18,10 @@ public:
     void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
     void reset() override;
 
+    /// The name of the first station, 1 to 128 characters.
     const QString& firstName() const { return m_firstName; }
     void setFirstName(const QString& name) { m_firstName = name; }
+    /// The name of the second station, 1 to 128 characters.
     const QString& secondName() const { return m_secondName; }
     void setSecondName(const QString& name) { m_secondName = name; }
 

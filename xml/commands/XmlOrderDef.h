@@ -25,7 +25,9 @@ public:
     bool setOrderId(const QString& orderId);
     /// Assigns only a non-empty sender; false leaves the old one.
     bool setOrderSender(const QString& orderSender);
+    /// "KEL" and fifteen digits (yyMMddhhmmsszzz); empty until set.
     const QString& orderId() const { return m_orderId; }
+    /// The host that sent the order; empty until set.
     const QString& orderSender() const { return m_orderSender; }
 
 protected:

@@ -60,6 +60,7 @@ public:
     const QString& kelVersion() const { return m_kelVersion; }
     void setKelVersion(const QString& version) { m_kelVersion = version; }
     bool hasGridResult() const { return bool(m_gridResult); }
+    /// Null when absent; setGridResult() stores a copy.
     const XmlGridResultType* gridResult() const { return m_gridResult.get(); }
     void setGridResult(const XmlGridResultType& result) { m_gridResult.assign(result); }
     bool hasInterlinkResult() const { return bool(m_interlinkResult); }

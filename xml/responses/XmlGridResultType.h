@@ -41,18 +41,23 @@ public:
     void setType(ResultType type) { m_type = type; }
 
     bool hasFindSites() const { return bool(m_findSites); }
+    /// Null when absent; setFindSites() stores a copy.
     const XmlFindSitesType* findSites() const { return m_findSites.get(); }
     void setFindSites(const XmlFindSitesType& findSites) { m_findSites.assign(findSites); }
     bool hasCep() const { return bool(m_cep); }
+    /// Null when absent; setCep() stores a copy.
     const XmlCepType* cep() const { return m_cep.get(); }
     void setCep(const XmlCepType& cep) { m_cep.assign(cep); }
     bool hasDetectProb() const { return bool(m_detectProb); }
+    /// Null when absent; setDetectProb() stores a copy.
     const XmlDetectProbType* detectProb() const { return m_detectProb.get(); }
     void setDetectProb(const XmlDetectProbType& detectProb) { m_detectProb.assign(detectProb); }
     bool hasDfCov() const { return bool(m_dfCov); }
+    /// Null when absent; setDfCov() stores a copy.
     const XmlDfCovType* dfCov() const { return m_dfCov.get(); }
     void setDfCov(const XmlDfCovType& dfCov) { m_dfCov.assign(dfCov); }
     bool hasBestSensor() const { return bool(m_bestSensor); }
+    /// Null when absent; setBestSensor() stores a copy.
     const XmlBestSensorType* bestSensor() const { return m_bestSensor.get(); }
     void setBestSensor(const XmlBestSensorType& bestSensor) { m_bestSensor.assign(bestSensor); }
 

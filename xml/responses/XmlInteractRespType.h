@@ -21,6 +21,7 @@ public:
     XmlInteractRespType();
 
     bool hasGridResult() const { return bool(m_gridResult); }
+    /// Null when absent; setGridResult() stores a copy.
     const XmlGridResultType* gridResult() const { return m_gridResult.get(); }
     void setGridResult(const XmlGridResultType& result) { m_gridResult.assign(result); }
     bool hasInterlinkResult() const { return bool(m_interlinkResult); }
@@ -30,6 +31,7 @@ public:
         m_interlinkResult.assign(result);
     }
     bool hasResult() const { return bool(m_result); }
+    /// Null when absent; setResult() stores a copy.
     const XmlResultObjectType* result() const { return m_result.get(); }
     void setResult(const XmlResultObjectType& result) { m_result.assign(result); }
 

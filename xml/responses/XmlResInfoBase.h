@@ -27,9 +27,11 @@ public:
     const XmlObjNameType* objName() const { return &m_objName; }
     void setObjName(const XmlObjNameType& name) { m_objName = name; }
     bool hasAreaRect() const { return bool(m_areaRect); }
+    /// Null when absent; setAreaRect() stores a copy.
     const XmlAreaRectType* areaRect() const { return m_areaRect.get(); }
     void setAreaRect(const XmlAreaRectType& rect) { m_areaRect.assign(rect); }
     bool hasAreaPoly() const { return bool(m_areaPoly); }
+    /// Null when absent; setAreaPoly() stores a copy.
     const XmlAreaPolyType* areaPoly() const { return m_areaPoly.get(); }
     void setAreaPoly(const XmlAreaPolyType& poly) { m_areaPoly.assign(poly); }
     const XmlResultGridType* resultGrid() const { return &m_resultGrid; }

@@ -13,6 +13,7 @@ public:
     XmlResInfo_BestSensor_Type();
 
     bool hasComment() const { return bool(m_comment); }
+    /// Null when absent; setComment() stores a copy.
     const XmlObjNameType* comment() const { return m_comment.get(); }
     void setComment(const XmlObjNameType& comment) { m_comment.assign(comment); }
 

@@ -46,13 +46,16 @@ public:
     void setTimestamp(const QDateTime& timestamp) { m_timestamp = timestamp; }
 
     bool hasOrderDef() const { return bool(m_orderDef); }
+    /// Null when absent; setOrderDef() stores a copy.
     const XmlOrderDef* orderDef() const { return m_orderDef.get(); }
     void setOrderDef(const XmlOrderDef& orderDef) { m_orderDef.assign(orderDef); }
     /// Setting one content element leaves the other in place.
     bool hasAutoResp() const { return bool(m_autoResp); }
+    /// Null when absent; setAutoResp() stores a copy.
     const XmlAutoRespType* autoResp() const { return m_autoResp.get(); }
     void setAutoResp(const XmlAutoRespType& response) { m_autoResp.assign(response); }
     bool hasInteractResp() const { return bool(m_interactResp); }
+    /// Null when absent; setInteractResp() stores a copy.
     const XmlInteractRespType* interactResp() const { return m_interactResp.get(); }
     void setInteractResp(const XmlInteractRespType& response) { m_interactResp.assign(response); }
 

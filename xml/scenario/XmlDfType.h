@@ -28,9 +28,11 @@ public:
     void setPosition(const XmlCoordinateType& position) { m_position = position; }
     const XmlRxParamType* rxParam() const { return &m_rxParam; }
     void setRxParam(const XmlRxParamType& parameters) { m_rxParam = parameters; }
+    /// The bearing precision in degrees.
     const XmlDfPrecisionType* dfPrecision() const { return &m_dfPrecision; }
     void setDfPrecision(const XmlDfPrecisionType& precision) { m_dfPrecision = precision; }
     bool hasInterlink() const { return bool(m_interlink); }
+    /// Null when absent; setInterlink() stores a copy.
     const XmlStationInterlinkType* interlink() const { return m_interlink.get(); }
     void setInterlink(const XmlStationInterlinkType& interlink) { m_interlink.assign(interlink); }
 

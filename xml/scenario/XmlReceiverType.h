@@ -28,6 +28,7 @@ public:
     const XmlRxParamType* rxParam() const { return &m_rxParam; }
     void setRxParam(const XmlRxParamType& parameters) { m_rxParam = parameters; }
     bool hasInterlink() const { return bool(m_interlink); }
+    /// Null when absent; setInterlink() stores a copy.
     const XmlStationInterlinkType* interlink() const { return m_interlink.get(); }
     void setInterlink(const XmlStationInterlinkType& interlink) { m_interlink.assign(interlink); }
 

@@ -17,6 +17,7 @@ public:
 
     const XmlLengthType* antennaHeight() const { return &m_antennaHeight; }
     void setAntennaHeight(const XmlLengthType& height) { m_antennaHeight = height; }
+    /// The receiver threshold.
     const XmlFieldstrengthType* rxThres() const { return &m_rxThreshold; }
     void setRxThres(const XmlFieldstrengthType& threshold) { m_rxThreshold = threshold; }
 

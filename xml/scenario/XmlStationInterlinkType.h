@@ -25,8 +25,10 @@ public:
     void setFreq(const XmlFreqType& frequency) { m_frequency = frequency; }
     const XmlPowerType* power() const { return &m_power; }
     void setPower(const XmlPowerType& power) { m_power = power; }
+    /// The receiver threshold of the link.
     const XmlFieldstrengthType* rxThresh() const { return &m_rxThreshold; }
     void setRxThresh(const XmlFieldstrengthType& threshold) { m_rxThreshold = threshold; }
+    /// The height of the link's antenna.
     const XmlLengthType* antHgt() const { return &m_antennaHeight; }
     void setAntHgt(const XmlLengthType& height) { m_antennaHeight = height; }
 
