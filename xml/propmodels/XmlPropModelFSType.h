@@ -12,6 +12,7 @@ class KELXML_EXPORT XmlPropModelFSType : public XmlParamSet
 public:
     XmlPropModelFSType();
 
+    /// The effective earth-radius factor, valid from 0.1 to 5.
     double Kfactor() const { return value(KFactor); }
     bool hasKfactor() const { return has(KFactor); }
     void setKfactor(double kFactor) { set(KFactor, kFactor); }

@@ -12,9 +12,11 @@ class KELXML_EXPORT XmlPropModelOLOSType : public XmlParamSet
 public:
     XmlPropModelOLOSType();
 
+    /// The effective earth-radius factor, valid from 0.1 to 5.
     double Kfactor() const { return value(KFactor); }
     bool hasKfactor() const { return has(KFactor); }
     void setKfactor(double kFactor) { set(KFactor, kFactor); }
+    /// The range of the calculation in km, valid from 0.1 to 50.
     double maxRange_km() const { return value(MaxRange); }
     bool hasMaxRange_km() const { return has(MaxRange); }
     void setMaxRange_km(double range) { set(MaxRange, range); }

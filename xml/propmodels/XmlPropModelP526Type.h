@@ -33,6 +33,7 @@ public:
 
     XmlPropModelP526Type();
 
+    /// The effective earth-radius factor, valid from 0.1 to 5.
     double kFactor() const { return value(KFactor); }
     bool hasKFactor() const { return has(KFactor); }
     void setKfactor(double kFactor) { set(KFactor, kFactor); }
@@ -42,9 +43,11 @@ public:
     SurfaceCondition surf() const { return SurfaceCondition(int(value(Surf))); }
     bool hasSurf() const { return has(Surf); }
     void setSurf(SurfaceCondition surface) { set(Surf, surface); }
+    /// Whether a smooth earth is assumed for the complete path; off by default.
     Switch smooth() const { return Switch(int(value(Smooth))); }
     bool hasSmooth() const { return has(Smooth); }
     void setSmooth(Switch smooth) { set(Smooth, smooth); }
+    /// Whether sub-path diffraction loss is included; on by default.
     Switch subPath() const { return Switch(int(value(SubPath))); }
     bool hasSubPath() const { return has(SubPath); }
     void setSubPath(Switch subPath) { set(SubPath, subPath); }

@@ -20,16 +20,15 @@ namespace KelXml {
 /// The Okumura-Hata set travels as "PropertiesOkumura". Nothing ties the set to
 /// the selected model. Reading replaces only the children it meets; in command
 /// mode the element needs its reference. The order definition is handed in by
-/// the message and never read or written.
+/// the message and never read or written. reset() deletes every optional
+/// child and the order definition, resets the reference and keeps the mode.
 /// \ingroup propmodels
 class KELXML_EXPORT XmlPropModelType : public XmlCmdBase
 {
 public:
     explicit XmlPropModelType(bool isCommand);
 
-    // reset(): every optional child and the order definition go; the
-    // reference is reset and the mode kept.
-
+    /// True for the form inside a command message, which needs a reference; fixed at construction.
     bool isCommand() const { return m_isCommand; }
 
     bool hasModel() const { return bool(m_model); }
