@@ -36,8 +36,8 @@ public:
     void setCmdReference(const XmlReferenceType& reference) { m_cmdReference = reference; }
 
     bool hasOrderDef() const { return bool(m_orderDef); }
-    /// Null when absent; setOrderDef() stores a copy.
-    /// Null until the command document hands its order definition over.
+    /// Null until the command document hands its order definition over;
+    /// setOrderDef() stores a copy.
     const XmlOrderDef* orderDef() const { return m_orderDef.get(); }
     void setOrderDef(const XmlOrderDef& orderDef) { m_orderDef.assign(orderDef); }
 

@@ -46,10 +46,12 @@ public:
 
     RespStatus status() const { return m_status; }
     void setStatus(RespStatus status) { m_status = status; }
+    /// The reference of the command answered, written as "CommandReference".
     const XmlReferenceType* reference() const { return &m_reference; }
     void setReference(const XmlReferenceType& reference) { m_reference = reference; }
 
     bool hasErrorMessage() const { return !m_errorMessage.isEmpty(); }
+    /// Why the command failed; empty when absent.
     const QString& errorMessage() const { return m_errorMessage; }
     void setErrorMessage(const QString& message) { m_errorMessage = message; }
     /// Held when valid; a null date-time when absent.
@@ -57,6 +59,7 @@ public:
     const QDateTime& estimatedTime() const { return m_estimatedTime; }
     void setEstimatedTime(const QDateTime& time) { m_estimatedTime = time; }
     bool hasKelVersion() const { return !m_kelVersion.isEmpty(); }
+    /// The server's version, the answer to a version query; empty when absent.
     const QString& kelVersion() const { return m_kelVersion; }
     void setKelVersion(const QString& version) { m_kelVersion = version; }
     bool hasGridResult() const { return bool(m_gridResult); }
@@ -64,6 +67,7 @@ public:
     const XmlGridResultType* gridResult() const { return m_gridResult.get(); }
     void setGridResult(const XmlGridResultType& result) { m_gridResult.assign(result); }
     bool hasInterlinkResult() const { return bool(m_interlinkResult); }
+    /// Null when absent; setInterlinkResult() stores a copy.
     const XmlInterlinkResultType* interlinkResult() const { return m_interlinkResult.get(); }
     void setInterlinkResult(const XmlInterlinkResultType& result)
     {

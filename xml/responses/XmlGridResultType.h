@@ -37,6 +37,8 @@ public:
     void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
     void reset() override;
 
+    /// The calculation answered; it names the wrapper element and picks the parameter object
+    /// written.
     ResultType type() const { return m_type; }
     void setType(ResultType type) { m_type = type; }
 
@@ -61,6 +63,7 @@ public:
     const XmlBestSensorType* bestSensor() const { return m_bestSensor.get(); }
     void setBestSensor(const XmlBestSensorType& bestSensor) { m_bestSensor.assign(bestSensor); }
 
+    /// The picture file of the result that the server stored.
     const QString& screenshotFilename() const { return m_screenshotFilename; }
     void setScreenshotFilename(const QString& filename) { m_screenshotFilename = filename; }
 

@@ -21,10 +21,13 @@ public:
 
     QString version() const { return m_version; }
     void setVersion(const QString& version) { m_version = version; }
+    /// The unit of the grid's values, such as "dBm".
     const QString& unit() const { return m_unit; }
     void setUnit(const QString& unit) { m_unit = unit; }
+    /// The smallest value of the grid, in the unit.
     double min() const { return m_min; }
     void setMin(double min) { m_min = min; }
+    /// The largest value of the grid, in the unit.
     double max() const { return m_max; }
     void setMax(double max) { m_max = max; }
 

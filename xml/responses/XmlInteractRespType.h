@@ -25,6 +25,7 @@ public:
     const XmlGridResultType* gridResult() const { return m_gridResult.get(); }
     void setGridResult(const XmlGridResultType& result) { m_gridResult.assign(result); }
     bool hasInterlinkResult() const { return bool(m_interlinkResult); }
+    /// Null when absent; setInterlinkResult() stores a copy.
     const XmlInterlinkResultType* interlinkResult() const { return m_interlinkResult.get(); }
     void setInterlinkResult(const XmlInterlinkResultType& result)
     {

@@ -22,11 +22,14 @@ public:
     void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
     void reset() override;
 
+    /// The planning request answered.
     const XmlInterlinkPlanningType* parameters() const { return &m_parameters; }
     void setParameters(const XmlInterlinkPlanningType& parameters) { m_parameters = parameters; }
+    /// The result of the planning as plain text.
     const QString& resultText() const { return m_resultText; }
     void setResultText(const QString& text) { m_resultText = text; }
     bool hasScreenshotFilename() const { return !m_screenshotFilename.isEmpty(); }
+    /// The picture file of the result; empty when none, and then not written.
     const QString& screenshotFilename() const { return m_screenshotFilename; }
     void setScreenshotFilename(const QString& filename) { m_screenshotFilename = filename; }
 

@@ -34,8 +34,10 @@ public:
     /// Null when absent; setAreaPoly() stores a copy.
     const XmlAreaPolyType* areaPoly() const { return m_areaPoly.get(); }
     void setAreaPoly(const XmlAreaPolyType& poly) { m_areaPoly.assign(poly); }
+    /// The grid size the calculation used.
     const XmlResultGridType* resultGrid() const { return &m_resultGrid; }
     void setResultGrid(const XmlResultGridType& grid) { m_resultGrid = grid; }
+    /// The range and unit of the values computed.
     const XmlGridValuesType* gridValues() const { return &m_gridValues; }
     void setGridValues(const XmlGridValuesType& values) { m_gridValues = values; }
 

@@ -40,8 +40,10 @@ public:
 
     RespType type() const { return m_type; }
     void setType(RespType type) { m_type = type; }
+    /// False while more responses to the same order are to follow.
     bool isFinal() const { return m_final; }
     void setFinal(bool final) { m_final = final; }
+    /// When the response was made, written in ISO 8601 to the second.
     const QDateTime& timestamp() const { return m_timestamp; }
     void setTimestamp(const QDateTime& timestamp) { m_timestamp = timestamp; }
 
@@ -49,13 +51,14 @@ public:
     /// Null when absent; setOrderDef() stores a copy.
     const XmlOrderDef* orderDef() const { return m_orderDef.get(); }
     void setOrderDef(const XmlOrderDef& orderDef) { m_orderDef.assign(orderDef); }
-    /// Setting one content element leaves the other in place.
     bool hasAutoResp() const { return bool(m_autoResp); }
-    /// Null when absent; setAutoResp() stores a copy.
+    /// Null when absent; setAutoResp() stores a copy and leaves an interactive
+    /// content in place.
     const XmlAutoRespType* autoResp() const { return m_autoResp.get(); }
     void setAutoResp(const XmlAutoRespType& response) { m_autoResp.assign(response); }
     bool hasInteractResp() const { return bool(m_interactResp); }
-    /// Null when absent; setInteractResp() stores a copy.
+    /// Null when absent; setInteractResp() stores a copy and leaves an automatic
+    /// content in place.
     const XmlInteractRespType* interactResp() const { return m_interactResp.get(); }
     void setInteractResp(const XmlInteractRespType& response) { m_interactResp.assign(response); }
 

@@ -23,6 +23,7 @@ public:
 
     XmlResultGridType();
 
+    /// Written as its number, "10" to "1000".
     GridSize size() const { return GridSize(value()); }
     void setSize(GridSize size) { setValue(size); }
 };

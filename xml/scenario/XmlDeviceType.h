@@ -33,36 +33,36 @@ public:
     void setFrequencyList(const XmlFreqListType& frequencies) { m_frequencies = frequencies; }
 
     bool hasNoise() const { return bool(m_noises); }
-    /// Null when absent; setNoiseList() stores a copy.
-    /// Noise figures in dB, one per frequency; null when absent.
+    /// Noise figures in dB, one per frequency; null when absent. setNoiseList()
+    /// stores a copy.
     const XmlDecibelListType* noiseList() const { return m_noises.get(); }
     void setNoiseList(const XmlDecibelListType& noises) { m_noises.assign(noises); }
     bool hasKfactor() const { return bool(m_kFactors); }
-    /// Null when absent; setKfactorList() stores a copy.
-    /// K-factors in dB, one per frequency; null when absent.
+    /// K-factors in dB, one per frequency; null when absent. setKfactorList()
+    /// stores a copy.
     const XmlDecibelListType* kFactorList() const { return m_kFactors.get(); }
     void setKfactorList(const XmlDecibelListType& kFactors) { m_kFactors.assign(kFactors); }
     bool hasAttenuation() const { return bool(m_attenuations); }
-    /// Attenuations in dB, one per frequency; null when absent. The setters store copies.
+    /// Attenuations in dB, one per frequency; null when absent.
+    /// setAttenuationList() stores a copy.
     const XmlDecibelListType* attenuationList() const { return m_attenuations.get(); }
     void setAttenuationList(const XmlDecibelListType& attenuations)
     {
         m_attenuations.assign(attenuations);
     }
     bool hasGain() const { return bool(m_gains); }
-    /// Null when absent; setGainList() stores a copy.
-    /// Gains in dB, one per frequency; null when absent.
+    /// Gains in dB, one per frequency; null when absent. setGainList() stores a
+    /// copy.
     const XmlDecibelListType* gainList() const { return m_gains.get(); }
     void setGainList(const XmlDecibelListType& gains) { m_gains.assign(gains); }
-    /// The direction-finding accuracies in degrees, one per frequency, written as
-    /// `<Degrees>`; null when absent.
     bool hasAccuracy() const { return bool(m_degrees); }
-    /// Null when absent; setAccuracyList() stores a copy.
+    /// The direction-finding accuracies in degrees, one per frequency, written as
+    /// `<Degrees>`; null when absent. setAccuracyList() stores a copy.
     const XmlDegreesListType* accuracyList() const { return m_degrees.get(); }
     void setAccuracyList(const XmlDegreesListType& degrees) { m_degrees.assign(degrees); }
     bool hasDBM() const { return bool(m_dbm); }
-    /// Null when absent; setDBMList() stores a copy.
-    /// Levels in dBm, one per frequency; null when absent.
+    /// Levels in dBm, one per frequency; null when absent. setDBMList() stores a
+    /// copy.
     const XmlDBMListType* dbmList() const { return m_dbm.get(); }
     void setDBMList(const XmlDBMListType& dbm) { m_dbm.assign(dbm); }
 

@@ -26,14 +26,14 @@ public:
     void setSinad(const XmlSinadType& sinad) { m_sinad = sinad; }
     const XmlDeviceListType* devices() const { return &m_devices; }
     void setDevices(const XmlDeviceListType& devices) { m_devices = devices; }
-    /// The antenna height map, key to height in metres; null when absent.
     bool hasAnt() const { return bool(m_antHgtMap); }
-    /// Null when absent; setAnt() stores a copy.
+    /// The antenna height map, key to height in metres; null when absent.
+    /// setAnt() stores a copy.
     const XmlMapListType* ant() const { return m_antHgtMap.get(); }
     void setAnt(const XmlMapListType& map) { m_antHgtMap.assign(map); }
-    /// The cable length map, key to length in metres; null when absent.
     bool hasCab() const { return bool(m_cabLenMap); }
-    /// Null when absent; setCab() stores a copy.
+    /// The cable length map, key to length in metres; null when absent.
+    /// setCab() stores a copy.
     const XmlMapListType* cab() const { return m_cabLenMap.get(); }
     void setCab(const XmlMapListType& map) { m_cabLenMap.assign(map); }
 
