@@ -26,7 +26,8 @@ public:
 
     bool isValid() const override;
     QString syntaxError() override;
-    /// Empties the accumulated error text; every concrete reset() ends here.
+    /// Returns the element to its constructed state. This base part empties the
+    /// accumulated error text; every concrete reset() ends here.
     void reset() override;
 
 protected:
