@@ -6,6 +6,7 @@
 #   ./build.sh asan       the tests built with AddressSanitizer and UBSan (Qt 5)
 #   ./build.sh valgrind   the tests run under valgrind's memcheck (Qt 5)
 #   ./build.sh fuzz [S]   the element fuzzer for S seconds (default 60), with clang
+#   ./build.sh docs       the API reference (Doxygen) in build/docs/docs/html
 #
 # Builds go to build/<name>; installing packages needs root (or sudo).
 set -euo pipefail
@@ -82,8 +83,14 @@ fuzz)
         -DKELXML_BUILD_TOOLS=OFF -DKELXML_SANITIZE=fuzzer-no-link,address,undefined
     scripts/fuzz.sh build/fuzz/fuzz/fuzz_elements build/qt5/tools/kelxml "${2:-60}"
     ;;
+docs)
+    install_packages cmake ninja-build g++ qtbase5-dev doxygen
+    echo "== building the API reference in build/docs/docs/html"
+    cmake -S . -B build/docs -G Ninja -DKELXML_QT_MAJOR=5 -DKELXML_BUILD_TESTS=OFF -DKELXML_BUILD_TOOLS=OFF
+    cmake --build build/docs --target docs
+    ;;
 *)
-    sed -n '2,10p' "$0" | sed 's/^# \{0,1\}//'
+    sed -n '2,11p' "$0" | sed 's/^# \{0,1\}//'
     exit 64
     ;;
 esac

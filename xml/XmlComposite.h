@@ -6,12 +6,13 @@ namespace KelXml {
 
 class XmlLayout;
 
-// The base of an element made of child elements. Its class states the
-// children once, in a table (an XmlLayout, built in the class's source), and
-// this base reads, writes, checks and resets them from that table.
-//
-// The version field is held here for every composite; the classes that carry
-// a version attribute derive from XmlVersionedComposite, which publishes it.
+/// The base of an element made of child elements. Its class states the
+/// children once, in a table (an XmlLayout, built in the class's source), and
+/// this base reads, writes, checks and resets them from that table.
+///
+/// The version field is held here for every composite; the classes that carry
+/// a version attribute derive from XmlVersionedComposite, which publishes it.
+/// \ingroup framework
 class KELXML_EXPORT XmlComposite : public XmlElementBase
 {
 public:
@@ -22,10 +23,10 @@ public:
 protected:
     explicit XmlComposite(const XmlLayout& layout);
 
-    // The version, then every child in table order.
+    /// The version, then every child in table order.
     void checkContent(XmlChecks& checks) const override;
-    // The two halves of checkContent(), for a class that states rules of its
-    // own between them.
+    /// The two halves of checkContent(), for a class that states rules of its
+    /// own between them.
     void checkVersion(XmlChecks& checks) const;
     void checkChildren(XmlChecks& checks) const;
     bool supportsVersion() const;
@@ -38,10 +39,12 @@ private:
     const XmlLayout* m_layout;
 };
 
-// A composite with a version attribute ("1.0", the only supported one).
+/// A composite with a version attribute ("1.0", the only supported one).
+/// \ingroup framework
 class KELXML_EXPORT XmlVersionedComposite : public XmlComposite
 {
 public:
+    /// The version attribute; only "1.0" is supported.
     QString version() const { return m_version; }
     void setVersion(const QString& version) { m_version = version; }
 

@@ -7,14 +7,15 @@ namespace KelXml {
 
 extern template class KELXML_EXPORT XmlListType<XmlDBMType>;
 
-// A non-empty list of levels in dBm, each member written as <dBm>.
+/// A non-empty list of levels in dBm, each member written as `<dBm>`.
+/// \ingroup values
 class KELXML_EXPORT XmlDBMListType : public XmlListType<XmlDBMType>
 {
 public:
     XmlDBMListType();
 
     const QList<XmlDBMType*>& dBmList() const { return members(); }
-    // Replaces the members with copies; the given objects stay the caller's.
+    /// Replaces the members with copies; the given objects stay the caller's.
     void setDBMList(const QList<XmlDBMType*>& list) { setMembers(list); }
 };
 

@@ -4,8 +4,9 @@
 
 namespace KelXml {
 
-// A level in dBm: <Name version="1.0" unit="dBm">-50.000000000</Name>.
-// The unit is fixed: written always, never read.
+/// A level in dBm: `<Name version="1.0" unit="dBm">-50.000000000</Name>`.
+/// The unit is fixed: written always, never read.
+/// \ingroup values
 class KELXML_EXPORT XmlDBMType : public XmlElementBase
 {
 public:
@@ -17,6 +18,7 @@ public:
 
     double dBm() const { return m_dBm; }
     void setDBM(double dBm) { m_dBm = dBm; }
+    /// Always "dBm": the unit is written but never read.
     const QString& unit() const { return m_unit; }
     QString version() const { return m_version; }
     void setVersion(const QString& version) { m_version = version; }

@@ -7,14 +7,15 @@ namespace KelXml {
 
 extern template class KELXML_EXPORT XmlListType<XmlDecibelType>;
 
-// A non-empty list of gains or losses in dB, each member written as <Decibel>.
+/// A non-empty list of gains or losses in dB, each member written as `<Decibel>`.
+/// \ingroup values
 class KELXML_EXPORT XmlDecibelListType : public XmlListType<XmlDecibelType>
 {
 public:
     XmlDecibelListType();
 
     const QList<XmlDecibelType*>& decibelList() const { return members(); }
-    // Replaces the members with copies; the given objects stay the caller's.
+    /// Replaces the members with copies; the given objects stay the caller's.
     void setDecibelList(const QList<XmlDecibelType*>& list) { setMembers(list); }
 };
 

@@ -9,12 +9,13 @@ namespace KelXml {
 
 class XmlChecks;
 
-// The base of every element class. It holds the class name that every message
-// of the element carries, and the text that syntaxError() accumulates.
-//
-// isValid() and syntaxError() run the element's checkContent() once as a
-// verdict and once as a report, so that a class states each rule and its
-// message in one place. A class whose verdict and report differ overrides them.
+/// The base of every element class. It holds the class name that every message
+/// of the element carries, and the text that syntaxError() accumulates.
+///
+/// isValid() and syntaxError() run the element's checkContent() once as a
+/// verdict and once as a report, so that a class states each rule and its
+/// message in one place. A class whose verdict and report differ overrides them.
+/// \ingroup framework
 class KELXML_EXPORT XmlElementBase : public IXmlElement
 {
 public:
@@ -25,23 +26,24 @@ public:
 
     bool isValid() const override;
     QString syntaxError() override;
-    // Empties the accumulated error text; every concrete reset() ends here.
+    /// Returns the element to its constructed state. This base part empties the
+    /// accumulated error text; every concrete reset() ends here.
     void reset() override;
 
 protected:
-    // Raises a custom error on the reader:
-    // "in <class> (line <l>, column <c>): <message>."
+    /// Raises a custom error on the reader:
+    /// `"in <class> (line <l>, column <c>): <message>."`
     void setReaderError(QXmlStreamReader& reader, const QString& message);
-    // Appends a message to the accumulated text, one per line; empty ones are ignored.
+    /// Appends a message to the accumulated text, one per line; empty ones are ignored.
     void addSyntaxError(const QString& message);
     void clearSyntaxError();
     const QString& classname() const;
-    // The accumulated text framed by "+++ in <class> Begin:" and
-    // "--- in <class> End"; a null string when nothing was accumulated.
+    /// The accumulated text framed by `"+++ in <class> Begin:"` and
+    /// `"--- in <class> End"`; a null string when nothing was accumulated.
     QString mySyntaxError() const;
 
-    // States the element's rules: its version, its bounds in order, then its
-    // children in writing order. The default has no rules.
+    /// States the element's rules: its version, its bounds in order, then its
+    /// children in writing order. The default has no rules.
     virtual void checkContent(XmlChecks& checks) const;
 
 private:
@@ -52,25 +54,28 @@ private:
     QString m_syntaxError;
 };
 
-// Collects the outcome of an element's rules, either as a verdict (stopping at
-// the first failure) or as a report into the element's accumulated text.
+/// Collects the outcome of an element's rules, either as a verdict (stopping at
+/// the first failure) or as a report into the element's accumulated text.
+/// \ingroup framework
 class KELXML_EXPORT XmlChecks
 {
 public:
-    // A verdict only: no message is built.
+    /// A verdict only: no message is built.
     XmlChecks();
-    // A report: each failure adds its message to the element's text.
+    /// A report: each failure adds its message to the element's text.
     explicit XmlChecks(XmlElementBase& element);
 
+    /// False once a rule has failed.
     bool passed() const { return m_passed; }
 
-    // Fails with "Version \"<version>\" not supported" unless supported.
+    /// Fails with `"Version \"<version>\" not supported"` unless supported.
     void version(bool supported, const QString& version);
-    // Fails with the message unless ok holds.
+    /// Fails with the message unless ok holds.
     void expect(bool ok, const QString& message);
-    // Takes in a child's verdict or report; a null child is skipped.
+    /// Takes in a child's verdict or report; a null child is skipped.
     void child(IXmlElement* child);
     template <class T>
+    /// Takes in every child of the list, in order.
     void children(const QList<T*>& list)
     {
         for (T* item : list)

@@ -6,22 +6,23 @@ namespace KelXml {
 
 class XmlEnumTexts;
 
-// The base of a text element holding one value of an enumeration, such as
-// <ResultGrid>100</ResultGrid>: no version, no attributes, no position test.
-// Each piece of text must match one of the enumeration's texts exactly (the
-// reader error otherwise, and the value becomes 0); an empty element keeps
-// the value held. 0 is written as the enumeration's text for values outside
-// it ("UNDEFINED") and makes the element invalid.
+/// The base of a text element holding one value of an enumeration, such as
+/// `<ResultGrid>100</ResultGrid>`: no version, no attributes, no position test.
+/// Each piece of text must match one of the enumeration's texts exactly (the
+/// reader error otherwise, and the value becomes 0); an empty element keeps
+/// the value held. 0 is written as the enumeration's text for values outside
+/// it ("UNDEFINED") and makes the element invalid.
+/// \ingroup framework
 class KELXML_EXPORT XmlEnumElement : public XmlElementBase
 {
 public:
-    // What sets one enumeration element apart from another.
+    /// What sets one enumeration element apart from another.
     struct Shape
     {
         const char* classname;
         const XmlEnumTexts* texts;
-        const char* badText; // the reader error for a text that matches none
-        const char* unset;   // the report for the value 0
+        const char* badText; ///< the reader error for a text that matches none
+        const char* unset;   ///< the report for the value 0
     };
 
     void processXml(QXmlStreamReader& reader, const QString& elementName) override;

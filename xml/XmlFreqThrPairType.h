@@ -6,8 +6,9 @@
 
 namespace KelXml {
 
-// A frequency with its receiver threshold:
-// <Pair version="1.0"><Frequency .../><RxThreshold .../></Pair>.
+/// A frequency with its receiver threshold:
+/// `<Pair version="1.0"><Frequency .../><RxThreshold .../></Pair>`.
+/// \ingroup values
 class KELXML_EXPORT XmlFreqThrPairType : public XmlVersionedComposite
 {
 public:
@@ -15,6 +16,7 @@ public:
 
     const XmlFreqType* frequency() const { return &m_frequency; }
     void setFrequency(const XmlFreqType& frequency) { m_frequency = frequency; }
+    /// The receiver threshold, written as "RxThreshold".
     const XmlFieldstrengthType* fieldstrength() const { return &m_threshold; }
     void setFieldstrength(const XmlFieldstrengthType& threshold) { m_threshold = threshold; }
 

@@ -4,7 +4,8 @@
 
 namespace KelXml {
 
-// An integer map key: <Key>7</Key>. The one value without a version.
+/// An integer map key: `<Key>7</Key>`. The one value without a version.
+/// \ingroup values
 class KELXML_EXPORT XmlKeyType : public XmlElementBase
 {
 public:
@@ -14,6 +15,7 @@ public:
     void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
     void reset() override;
 
+    /// Valid from 0.
     int key() const { return m_key; }
     void setKey(int key) { m_key = key; }
 

@@ -6,9 +6,10 @@
 
 namespace KelXml {
 
-// Selects all objects of a kind or a list of named ones:
-// <Sel><All/></Sel> or <Sel><Name>A</Name><Name>B</Name></Sel>.
-// No version. Reading appends the names read to those already held.
+/// Selects all objects of a kind or a list of named ones:
+/// `<Sel><All/></Sel>` or `<Sel><Name>A</Name><Name>B</Name></Sel>`.
+/// No version. Reading appends the names read to those already held.
+/// \ingroup values
 class KELXML_EXPORT XmlNameAllMultiType : public XmlElementBase
 {
 public:
@@ -18,10 +19,12 @@ public:
     void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
     void reset() override;
 
+    /// True when no name is held: all objects are selected, or nothing has been chosen yet.
     bool all() const { return m_names.isEmpty(); }
+    /// Selects all objects: deletes the names held.
     void setAll();
     const QList<XmlObjNameType*>& objNames() const { return m_names.list(); }
-    // Replaces the names with copies; the given objects stay the caller's.
+    /// Replaces the names with copies; the given objects stay the caller's.
     void setObjNames(const QList<XmlObjNameType*>& names);
 
 protected:

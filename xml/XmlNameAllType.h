@@ -6,10 +6,11 @@
 
 namespace KelXml {
 
-// Selects all objects of a kind or one named object:
-// <Sel><All/></Sel> or <Sel><Name>Station 1</Name></Sel>.
-// No version. A new or reset selection is uninitialized, and then reports
-// all() as true while being invalid.
+/// Selects all objects of a kind or one named object:
+/// `<Sel><All/></Sel>` or `<Sel><Name>Station 1</Name></Sel>`.
+/// No version. A new or reset selection is uninitialized, and then reports
+/// all() as true while being invalid.
+/// \ingroup values
 class KELXML_EXPORT XmlNameAllType : public XmlElementBase
 {
 public:
@@ -19,10 +20,14 @@ public:
     void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
     void reset() override;
 
+    /// True when no name is held: all objects are selected, or nothing has been chosen yet.
     bool all() const { return !m_name; }
     bool hasObjName() const { return bool(m_name); }
+    /// The selected object's name; null when all are selected.
     const XmlObjNameType* objName() const { return m_name.get(); }
+    /// Selects all objects: deletes the name held.
     void setAll();
+    /// Selects one object by a copy of its name.
     void setObjName(const XmlObjNameType& name);
 
 protected:

@@ -4,9 +4,10 @@
 
 namespace KelXml {
 
-// A numbered position, such as a polygon vertex:
-// <Name version="1.0" number="3"><Longitude>..</Longitude><Latitude>..</Latitude></Name>.
-// It keeps the class name of its base: its messages name "XmlCoordinateType".
+/// A numbered position, such as a polygon vertex:
+/// `<Name version="1.0" number="3"><Longitude>..</Longitude><Latitude>..</Latitude></Name>`.
+/// It keeps the class name of its base: its messages name "XmlCoordinateType".
+/// \ingroup values
 class KELXML_EXPORT XmlNumCoordType : public XmlCoordinateType
 {
 public:
@@ -16,6 +17,7 @@ public:
     void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
     void reset() override;
 
+    /// The vertex or point number, valid from 0; -9999 until set.
     int number() const { return m_number; }
     void setNumber(int number) { m_number = number; }
 

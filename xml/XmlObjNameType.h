@@ -4,8 +4,9 @@
 
 namespace KelXml {
 
-// The name of a scenario object, 1 to 128 characters: <Name>Station 1</Name>.
-// No version and no attributes.
+/// The name of a scenario object, 1 to 128 characters: `<Name>Station 1</Name>`.
+/// No version and no attributes.
+/// \ingroup values
 class KELXML_EXPORT XmlObjNameType : public XmlElementBase
 {
 public:

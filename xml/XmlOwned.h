@@ -6,10 +6,11 @@
 
 namespace KelXml {
 
-// An owning pointer to a child element with value semantics: copying the
-// owner copies the child. Assignment assigns child to child when both exist,
-// allocates a copy when only the source has one, and deletes the own child
-// when the source has none.
+/// An owning pointer to a child element with value semantics: copying the
+/// owner copies the child. Assignment assigns child to child when both exist,
+/// allocates a copy when only the source has one, and deletes the own child
+/// when the source has none.
+/// \ingroup framework
 template <class T>
 class XmlOwnedPtr
 {
@@ -18,7 +19,7 @@ public:
     explicit XmlOwnedPtr(T* owned)
         : m_ptr(owned)
     {}
-    // A pointer to a default-constructed child.
+    /// A pointer to a default-constructed child.
     static XmlOwnedPtr make() { return XmlOwnedPtr(new T); }
 
     XmlOwnedPtr(const XmlOwnedPtr& other)
@@ -47,25 +48,26 @@ public:
     }
     ~XmlOwnedPtr() { reset(); }
 
+    /// The child; null when there is none.
     T* get() const { return m_ptr; }
     T* operator->() const { return m_ptr; }
     T& operator*() const { return *m_ptr; }
     explicit operator bool() const { return m_ptr != nullptr; }
 
-    // Deletes the child; the pointer is null afterwards.
+    /// Deletes the child; the pointer is null afterwards.
     void reset()
     {
         delete m_ptr;
         m_ptr = nullptr;
     }
-    // The child, allocated with its defaults when there is none.
+    /// The child, allocated with its defaults when there is none.
     T& ensure()
     {
         if (!m_ptr)
             m_ptr = new T;
         return *m_ptr;
     }
-    // Assigns the value into the existing child, or allocates a copy of it.
+    /// Assigns the value into the existing child, or allocates a copy of it.
     void assign(const T& value)
     {
         if (m_ptr)
@@ -78,8 +80,9 @@ private:
     T* m_ptr = nullptr;
 };
 
-// An ordered list of owned child elements. Copying the list copies every
-// member; the members are deleted with the list.
+/// An ordered list of owned child elements. Copying the list copies every
+/// member; the members are deleted with the list.
+/// \ingroup framework
 template <class T>
 class XmlOwnedList
 {
@@ -94,6 +97,7 @@ public:
     }
     ~XmlOwnedList() { clear(); }
 
+    /// The members, which the list owns.
     const QList<T*>& list() const { return m_list; }
     bool isEmpty() const { return m_list.isEmpty(); }
     int size() const { return int(m_list.size()); }
@@ -104,17 +108,17 @@ public:
         for (T* member : members)
             delete member;
     }
-    // Replaces the members with copies of the given objects, which stay the
-    // caller's. Null entries are skipped; passing the own list is safe.
+    /// Replaces the members with copies of the given objects, which stay the
+    /// caller's. Null entries are skipped; passing the own list is safe.
     void assignCopies(const QList<T*>& objects)
     {
         QList<T*> copies = copiesOf(objects);
         clear();
         m_list = std::move(copies);
     }
-    // Appends a copy of the object, which stays the caller's.
+    /// Appends a copy of the object, which stays the caller's.
     void appendCopy(const T& object) { m_list.append(new T(object)); }
-    // Appends a default-constructed member and returns it.
+    /// Appends a default-constructed member and returns it.
     T* appendNew()
     {
         T* member = new T;

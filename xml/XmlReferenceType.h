@@ -4,9 +4,10 @@
 
 namespace KelXml {
 
-// A short reference text, 1 to 50 characters, that links a response to its
-// command: <Reference>job-17</Reference>. No version and no attributes. Its
-// messages name the class "XmlreferenceType".
+/// A short reference text, 1 to 50 characters, that links a response to its
+/// command: `<Reference>job-17</Reference>`. No version and no attributes. Its
+/// messages name the class "XmlreferenceType".
+/// \ingroup values
 class KELXML_EXPORT XmlReferenceType : public XmlElementBase
 {
 public:

@@ -4,7 +4,8 @@
 
 namespace KelXml {
 
-// A SINAD ratio: <Name version="1.0">12.000000</Name>, without a unit.
+/// A SINAD ratio: `<Name version="1.0">12.000000</Name>`, without a unit.
+/// \ingroup values
 class KELXML_EXPORT XmlSinadType : public XmlElementBase
 {
 public:
@@ -14,6 +15,7 @@ public:
     void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
     void reset() override;
 
+    /// The ratio as a plain number; the element has no unit.
     double sinad() const { return m_sinad; }
     void setSinad(double sinad) { m_sinad = sinad; }
     QString version() const { return m_version; }

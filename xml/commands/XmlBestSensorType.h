@@ -8,9 +8,10 @@
 
 namespace KelXml {
 
-// A request for the best-sensor coverage over areas of interest:
-// <BestSensorCov><UseRxDFs/><AOIs/>[<ResultGrid/>][<Comment/>]</BestSensorCov>.
-// No version. A grid or comment read replaces the one held.
+/// A request for the best-sensor coverage over areas of interest:
+/// `<BestSensorCov><UseRxDFs/><AOIs/>[<ResultGrid/>][<Comment/>]</BestSensorCov>`.
+/// No version. A grid or comment read replaces the one held.
+/// \ingroup commands
 class KELXML_EXPORT XmlBestSensorType : public XmlComposite
 {
 public:
@@ -21,9 +22,11 @@ public:
     const XmlNameAllMultiType* AOIs() const { return &m_aois; }
     void setAOIs(const XmlNameAllMultiType& areas) { m_aois = areas; }
     bool hasResultGrid() const { return bool(m_resultGrid); }
+    /// Null when absent; setResultGrid() stores a copy.
     const XmlResultGridType* resultGrid() const { return m_resultGrid.get(); }
     void setResultGrid(const XmlResultGridType& grid) { m_resultGrid.assign(grid); }
     bool hasComment() const { return bool(m_comment); }
+    /// Null when absent; setComment() stores a copy.
     const XmlObjNameType* comment() const { return m_comment.get(); }
     void setComment(const XmlObjNameType& comment) { m_comment.assign(comment); }
 

@@ -4,14 +4,15 @@
 
 namespace KelXml {
 
-// The probability level of a circular error probable, as a text element:
-// <Probability>90</Probability>. No version and no attributes.
+/// The probability level of a circular error probable, as a text element:
+/// `<Probability>90</Probability>`. No version and no attributes.
+/// \ingroup commands
 class KELXML_EXPORT XmlCepProbType : public XmlEnumElement
 {
 public:
     enum Prob
     {
-        ProbUndefined = 0, // written "UNDEFINED", never accepted
+        ProbUndefined = 0, ///< written "UNDEFINED", never accepted
         Prob50,
         Prob66,
         Prob75,

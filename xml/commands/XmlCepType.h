@@ -8,10 +8,11 @@
 
 namespace KelXml {
 
-// A request for the circular error probable of direction-finding fixes over
-// areas of interest:
-// <CEP><UseDFs/><AOIs/>[<Probability/>][<ResultGrid/>]</CEP>.
-// No version. A probability or grid read replaces the one held.
+/// A request for the circular error probable of direction-finding fixes over
+/// areas of interest:
+/// `<CEP><UseDFs/><AOIs/>[<Probability/>][<ResultGrid/>]</CEP>`.
+/// No version. A probability or grid read replaces the one held.
+/// \ingroup commands
 class KELXML_EXPORT XmlCepType : public XmlComposite
 {
 public:
@@ -22,9 +23,11 @@ public:
     const XmlNameAllMultiType* AOIs() const { return &m_aois; }
     void setAOIs(const XmlNameAllMultiType& areas) { m_aois = areas; }
     bool hasProbability() const { return bool(m_probability); }
+    /// Null when absent; setProbability() stores a copy.
     const XmlCepProbType* probability() const { return m_probability.get(); }
     void setProbability(const XmlCepProbType& probability) { m_probability.assign(probability); }
     bool hasResultGrid() const { return bool(m_resultGrid); }
+    /// Null when absent; setResultGrid() stores a copy.
     const XmlResultGridType* resultGrid() const { return m_resultGrid.get(); }
     void setResultGrid(const XmlResultGridType& grid) { m_resultGrid.assign(grid); }
 

@@ -7,11 +7,12 @@
 
 namespace KelXml {
 
-// An administrative command of a command message, a request about the server
-// itself: <Administrative><QueryVersion/><Reference>r</Reference></Administrative>.
-// No version. The command type is set by reading only, when the QueryVersion
-// element closes; the reference may stand anywhere and any number of times.
-// The order definition is handed in by the message and never written.
+/// An administrative command of a command message, a request about the server
+/// itself: `<Administrative><QueryVersion/><Reference>r</Reference></Administrative>`.
+/// No version. The command type is set by reading only, when the QueryVersion
+/// element closes; the reference may stand anywhere and any number of times.
+/// The order definition is handed in by the message and never written.
+/// \ingroup commands
 class KELXML_EXPORT XmlCmdAdmin : public XmlElementBase
 {
 public:
@@ -27,12 +28,16 @@ public:
     void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
     void reset() override;
 
+    /// Set by reading only: AdminCmdQueryVersion once a QueryVersion element has closed.
     AdminCmd adminCmd() const { return m_adminCmd; }
 
+    /// The reference by which the client recognises the answer.
     const XmlReferenceType& cmdReference() const { return m_cmdReference; }
     void setCmdReference(const XmlReferenceType& reference) { m_cmdReference = reference; }
 
     bool hasOrderDef() const { return bool(m_orderDef); }
+    /// Null until the command document hands its order definition over;
+    /// setOrderDef() stores a copy.
     const XmlOrderDef* orderDef() const { return m_orderDef.get(); }
     void setOrderDef(const XmlOrderDef& orderDef) { m_orderDef.assign(orderDef); }
 

@@ -7,9 +7,10 @@
 
 namespace KelXml {
 
-// A request for the direction-finding coverage over areas of interest:
-// <DFcoverage><UseDFs/><AOIs/>[<ResultGrid/>]</DFcoverage>.
-// No version. A grid read replaces the one held.
+/// A request for the direction-finding coverage over areas of interest:
+/// `<DFcoverage><UseDFs/><AOIs/>[<ResultGrid/>]</DFcoverage>`.
+/// No version. A grid read replaces the one held.
+/// \ingroup commands
 class KELXML_EXPORT XmlDfCovType : public XmlComposite
 {
 public:
@@ -20,6 +21,7 @@ public:
     const XmlNameAllMultiType* AOIs() const { return &m_aois; }
     void setAOIs(const XmlNameAllMultiType& areas) { m_aois = areas; }
     bool hasResultGrid() const { return bool(m_resultGrid); }
+    /// Null when absent; setResultGrid() stores a copy.
     const XmlResultGridType* resultGrid() const { return m_resultGrid.get(); }
     void setResultGrid(const XmlResultGridType& grid) { m_resultGrid.assign(grid); }
 

@@ -4,10 +4,11 @@
 
 namespace KelXml {
 
-// A request to plan the radio link between two named stations:
-// <InterlinkPlanning><FirstName>A</FirstName><SecondName>B</SecondName></InterlinkPlanning>.
-// No version. A name longer than 128 characters stops the reading and is not
-// taken.
+/// A request to plan the radio link between two named stations:
+/// `<InterlinkPlanning><FirstName>A</FirstName><SecondName>B</SecondName></InterlinkPlanning>`.
+/// No version. A name longer than 128 characters stops the reading and is not
+/// taken.
+/// \ingroup commands
 class KELXML_EXPORT XmlInterlinkPlanningType : public XmlElementBase
 {
 public:
@@ -17,8 +18,10 @@ public:
     void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
     void reset() override;
 
+    /// The name of the first station, 1 to 128 characters.
     const QString& firstName() const { return m_firstName; }
     void setFirstName(const QString& name) { m_firstName = name; }
+    /// The name of the second station, 1 to 128 characters.
     const QString& secondName() const { return m_secondName; }
     void setSecondName(const QString& name) { m_secondName = name; }
 

@@ -4,10 +4,11 @@
 
 namespace KelXml {
 
-// The name of the selected propagation model, as one text element:
-// <SelectModel>Okumura-Hata</SelectModel>. No version and no attributes. The
-// text must match one of the model texts exactly; "UNDEFINED" is written for
-// no model but never read.
+/// The name of the selected propagation model, as one text element:
+/// `<SelectModel>Okumura-Hata</SelectModel>`. No version and no attributes. The
+/// text must match one of the model texts exactly; "UNDEFINED" is written for
+/// no model but never read.
+/// \ingroup propmodels
 class KELXML_EXPORT XmlPropModelEnumType : public XmlElementBase
 {
 public:

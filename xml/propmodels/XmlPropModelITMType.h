@@ -4,9 +4,10 @@
 
 namespace KelXml {
 
-// The Irregular Terrain Model's parameters: RRI, polarisation, climate,
-// surface, confidence and time, in that order, each at most once. An
-// enumeration that is set must not be undefined.
+/// The Irregular Terrain Model's parameters: RRI, polarisation, climate,
+/// surface, confidence and time, in that order, each at most once. An
+/// enumeration that is set must not be undefined.
+/// \ingroup propmodels
 class KELXML_EXPORT XmlPropModelITMType : public XmlParamSet
 {
 public:
@@ -39,9 +40,11 @@ public:
 
     XmlPropModelITMType();
 
+    /// The refractivity, valid from -300 to 400.
     double RRI() const { return value(RriField); }
     bool hasRRI() const { return has(RriField); }
     void setRRI(double rri) { set(RriField, rri); }
+    /// The polarisation; once set it must not be undefined.
     Polarisation pol() const { return Polarisation(int(value(PolField))); }
     bool hasPol() const { return has(PolField); }
     void setPol(Polarisation pol) { set(PolField, pol); }
@@ -51,9 +54,11 @@ public:
     Surface surface() const { return Surface(int(value(SurfaceField))); }
     bool hasSurface() const { return has(SurfaceField); }
     void setSurface(Surface surface) { set(SurfaceField, surface); }
+    /// The confidence level, valid from 0 to 100.
     double conf() const { return value(ConfField); }
     bool hasConf() const { return has(ConfField); }
     void setConf(double conf) { set(ConfField, conf); }
+    /// The time variability, valid from 0 to 100.
     double time() const { return value(TimeField); }
     bool hasTime() const { return has(TimeField); }
     void setTime(double time) { set(TimeField, time); }

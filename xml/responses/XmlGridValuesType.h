@@ -4,11 +4,12 @@
 
 namespace KelXml {
 
-// The value range and unit of a result grid:
-// <Values version="1.0" unit="dBm"><Min>-120</Min><Max>-40.5</Max></Values>.
-// Both attributes are mandatory; reading refuses another version than "1.0".
-// A Min or Max text that is not a number is passed over and leaves the value
-// as it was.
+/// The value range and unit of a result grid:
+/// `<Values version="1.0" unit="dBm"><Min>-120</Min><Max>-40.5</Max></Values>`.
+/// Both attributes are mandatory; reading refuses another version than "1.0".
+/// A Min or Max text that is not a number is passed over and leaves the value
+/// as it was.
+/// \ingroup responses
 class KELXML_EXPORT XmlGridValuesType : public XmlElementBase
 {
 public:
@@ -20,10 +21,13 @@ public:
 
     QString version() const { return m_version; }
     void setVersion(const QString& version) { m_version = version; }
+    /// The unit of the grid's values, such as "dBm".
     const QString& unit() const { return m_unit; }
     void setUnit(const QString& unit) { m_unit = unit; }
+    /// The smallest value of the grid, in the unit.
     double min() const { return m_min; }
     void setMin(double min) { m_min = min; }
+    /// The largest value of the grid, in the unit.
     double max() const { return m_max; }
     void setMax(double max) { m_max = max; }
 

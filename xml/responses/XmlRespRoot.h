@@ -10,23 +10,24 @@
 
 namespace KelXml {
 
-// A whole response message, under a root element named by the caller:
-// <Response type="automatic" final="true" timestamp="2021-03-04T05:06:07">
-//   <ORDER_DEF>...</ORDER_DEF><Automatic status="ack">...</Automatic></Response>.
-// No version. The three attributes are read whether present or not, and a
-// missing or unknown one is a reading error. "ORDER_DEF" may stand anywhere
-// and any number of times, the last one kept; then one "Automatic" or
-// "Interactive" content element. The type is compared with the content only
-// by isValid() and syntaxError().
-//
-// The timestamp defaults to the time of construction, and reset() takes the
-// time anew.
+/// A whole response message, under a root element named by the caller:
+/// `<Response type="automatic" final="true" timestamp="2021-03-04T05:06:07">`
+///   `<ORDER_DEF>...</ORDER_DEF><Automatic status="ack">...</Automatic></Response>`.
+/// No version. The three attributes are read whether present or not, and a
+/// missing or unknown one is a reading error. "ORDER_DEF" may stand anywhere
+/// and any number of times, the last one kept; then one "Automatic" or
+/// "Interactive" content element. The type is compared with the content only
+/// by isValid() and syntaxError().
+///
+/// The timestamp defaults to the time of construction, and reset() takes the
+/// time anew.
+/// \ingroup responses
 class KELXML_EXPORT XmlRespRoot : public XmlElementBase
 {
 public:
     enum RespType : qint32
     {
-        Undefined = 0, // written "UNDEFINED", never accepted
+        Undefined = 0, ///< written "UNDEFINED", never accepted
         Interactive,
         Automatic,
     };
@@ -39,19 +40,25 @@ public:
 
     RespType type() const { return m_type; }
     void setType(RespType type) { m_type = type; }
+    /// False while more responses to the same order are to follow.
     bool isFinal() const { return m_final; }
     void setFinal(bool final) { m_final = final; }
+    /// When the response was made, written in ISO 8601 to the second.
     const QDateTime& timestamp() const { return m_timestamp; }
     void setTimestamp(const QDateTime& timestamp) { m_timestamp = timestamp; }
 
     bool hasOrderDef() const { return bool(m_orderDef); }
+    /// Null when absent; setOrderDef() stores a copy.
     const XmlOrderDef* orderDef() const { return m_orderDef.get(); }
     void setOrderDef(const XmlOrderDef& orderDef) { m_orderDef.assign(orderDef); }
-    // Setting one content element leaves the other in place.
     bool hasAutoResp() const { return bool(m_autoResp); }
+    /// Null when absent; setAutoResp() stores a copy and leaves an interactive
+    /// content in place.
     const XmlAutoRespType* autoResp() const { return m_autoResp.get(); }
     void setAutoResp(const XmlAutoRespType& response) { m_autoResp.assign(response); }
     bool hasInteractResp() const { return bool(m_interactResp); }
+    /// Null when absent; setInteractResp() stores a copy and leaves an automatic
+    /// content in place.
     const XmlInteractRespType* interactResp() const { return m_interactResp.get(); }
     void setInteractResp(const XmlInteractRespType& response) { m_interactResp.assign(response); }
 

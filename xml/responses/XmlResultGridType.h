@@ -4,14 +4,15 @@
 
 namespace KelXml {
 
-// The size of a result grid as a text element: <ResultGrid>100</ResultGrid>.
-// No version and no attributes.
+/// The size of a result grid as a text element: `<ResultGrid>100</ResultGrid>`.
+/// No version and no attributes.
+/// \ingroup responses
 class KELXML_EXPORT XmlResultGridType : public XmlEnumElement
 {
 public:
     enum GridSize
     {
-        SizeUndefined = 0, // written "UNDEFINED", never accepted
+        SizeUndefined = 0, ///< written "UNDEFINED", never accepted
         Grid10,
         Grid50,
         Grid100,
@@ -22,6 +23,7 @@ public:
 
     XmlResultGridType();
 
+    /// Written as its number, "10" to "1000".
     GridSize size() const { return GridSize(value()); }
     void setSize(GridSize size) { setValue(size); }
 };

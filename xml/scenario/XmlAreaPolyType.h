@@ -7,15 +7,16 @@
 
 namespace KelXml {
 
-// A polygon given by numbered vertices:
-// <AreaPolygon version="1.0"><Vertex number="0"/><Vertex number="1"/>...</AreaPolygon>.
-//
-// The vertices are kept sorted by ascending number at every insertion;
-// vertices with equal numbers keep the order in which they came. Reading
-// refuses any version but "1.0" and needs at least three vertices before the
-// end tag; the check itself does not count them, it only wants every number
-// greater than the one before (the first greater than -1). Reading adds to the
-// vertices already held.
+/// A polygon given by numbered vertices:
+/// `<AreaPolygon version="1.0"><Vertex number="0"/><Vertex number="1"/>...</AreaPolygon>`.
+///
+/// The vertices are kept sorted by ascending number at every insertion;
+/// vertices with equal numbers keep the order in which they came. Reading
+/// refuses any version but "1.0" and needs at least three vertices before the
+/// end tag; the check itself does not count them, it only wants every number
+/// greater than the one before (the first greater than -1). Reading adds to the
+/// vertices already held.
+/// \ingroup scenario
 class KELXML_EXPORT XmlAreaPolyType : public XmlElementBase
 {
 public:
@@ -28,10 +29,10 @@ public:
     void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
     void reset() override;
 
-    // The polygon's own vertices in order; they stay the polygon's.
+    /// The polygon's own vertices in order; they stay the polygon's.
     QVector<XmlNumCoordType*> vertices() const { return m_vertices; }
-    // Replaces the vertices with copies of the given ones, each in sorted
-    // position; the given objects stay the caller's.
+    /// Replaces the vertices with copies of the given ones, each in sorted
+    /// position; the given objects stay the caller's.
     void setVertices(const QVector<XmlNumCoordType*>& vertices);
 
     QString version() const { return m_version; }
@@ -42,9 +43,9 @@ protected:
 
 private:
     bool supportsVersion() const;
-    // Takes the vertex in after the last one whose number is not greater,
-    // searching from the back, so vertices in ascending order are appended
-    // at once.
+    /// Takes the vertex in after the last one whose number is not greater,
+    /// searching from the back, so vertices in ascending order are appended
+    /// at once.
     void insertSorted(XmlNumCoordType* vertex);
     void deleteVertices();
 

@@ -5,10 +5,11 @@
 
 namespace KelXml {
 
-// An axis-aligned rectangle given by two corners:
-// <AreaRect version="1.0"><UpperLeft/><LowerRight/></AreaRect>.
-// Reading refuses any version but "1.0". The corners are not compared: an
-// upper-left corner south or east of the lower-right one is still valid.
+/// An axis-aligned rectangle given by two corners:
+/// `<AreaRect version="1.0"><UpperLeft/><LowerRight/></AreaRect>`.
+/// Reading refuses any version but "1.0". The corners are not compared: an
+/// upper-left corner south or east of the lower-right one is still valid.
+/// \ingroup scenario
 class KELXML_EXPORT XmlAreaRectType : public XmlVersionedComposite
 {
 public:

@@ -4,8 +4,9 @@
 
 namespace KelXml {
 
-// The category of a device in a signal chain, as element text:
-// <DeviceCategory>Receiver</DeviceCategory>. No version and no attributes.
+/// The category of a device in a signal chain, as element text:
+/// `<DeviceCategory>Receiver</DeviceCategory>`. No version and no attributes.
+/// \ingroup scenario
 class KELXML_EXPORT XmlDeviceCategoryType : public XmlEnumElement
 {
 public:

@@ -10,12 +10,13 @@
 
 namespace KelXml {
 
-// A direction finder:
-// <DF version="1.0"><Name/><Position/><RxParameter/><DFprecision/>
-// <StationInterlink/></DF>, the interlink optional.
-//
-// Reading refuses any version but "1.0". The interlink is taken wherever it
-// stands, even first, but once it was read no other child is taken.
+/// A direction finder:
+/// `<DF version="1.0"><Name/><Position/><RxParameter/><DFprecision/>`
+/// `<StationInterlink/></DF>`, the interlink optional.
+///
+/// Reading refuses any version but "1.0". The interlink is taken wherever it
+/// stands, even first, but once it was read no other child is taken.
+/// \ingroup scenario
 class KELXML_EXPORT XmlDfType : public XmlVersionedComposite
 {
 public:
@@ -27,9 +28,11 @@ public:
     void setPosition(const XmlCoordinateType& position) { m_position = position; }
     const XmlRxParamType* rxParam() const { return &m_rxParam; }
     void setRxParam(const XmlRxParamType& parameters) { m_rxParam = parameters; }
+    /// The bearing precision in degrees.
     const XmlDfPrecisionType* dfPrecision() const { return &m_dfPrecision; }
     void setDfPrecision(const XmlDfPrecisionType& precision) { m_dfPrecision = precision; }
     bool hasInterlink() const { return bool(m_interlink); }
+    /// Null when absent; setInterlink() stores a copy.
     const XmlStationInterlinkType* interlink() const { return m_interlink.get(); }
     void setInterlink(const XmlStationInterlinkType& interlink) { m_interlink.assign(interlink); }
 

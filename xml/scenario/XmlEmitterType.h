@@ -7,9 +7,10 @@
 
 namespace KelXml {
 
-// A known emitter:
-// <Emitter version="1.0"><Name/><Position/><TxParameter/></Emitter>.
-// Reading refuses any version but "1.0".
+/// A known emitter:
+/// `<Emitter version="1.0"><Name/><Position/><TxParameter/></Emitter>`.
+/// Reading refuses any version but "1.0".
+/// \ingroup scenario
 class KELXML_EXPORT XmlEmitterType : public XmlVersionedComposite
 {
 public:

@@ -9,12 +9,13 @@
 
 namespace KelXml {
 
-// A receiver:
-// <Receiver version="1.0"><Name/><Position/><RxParameter/><StationInterlink/></Receiver>,
-// the interlink optional.
-//
-// Reading refuses any version but "1.0". The interlink is taken wherever it
-// stands, even first, but once it was read no other child is taken.
+/// A receiver:
+/// `<Receiver version="1.0"><Name/><Position/><RxParameter/><StationInterlink/></Receiver>`,
+/// the interlink optional.
+///
+/// Reading refuses any version but "1.0". The interlink is taken wherever it
+/// stands, even first, but once it was read no other child is taken.
+/// \ingroup scenario
 class KELXML_EXPORT XmlReceiverType : public XmlVersionedComposite
 {
 public:
@@ -27,6 +28,7 @@ public:
     const XmlRxParamType* rxParam() const { return &m_rxParam; }
     void setRxParam(const XmlRxParamType& parameters) { m_rxParam = parameters; }
     bool hasInterlink() const { return bool(m_interlink); }
+    /// Null when absent; setInterlink() stores a copy.
     const XmlStationInterlinkType* interlink() const { return m_interlink.get(); }
     void setInterlink(const XmlStationInterlinkType& interlink) { m_interlink.assign(interlink); }
 

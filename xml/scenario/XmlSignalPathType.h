@@ -9,10 +9,11 @@
 
 namespace KelXml {
 
-// The receive chain of a station, from antenna to receiver:
-// <SignalPath version="1.0"><Name/><SINAD/><Device><Device/>...</Device>
-// <AntHgtMap/><CabLenMap/></SignalPath>, the two maps optional.
-// Reading refuses any version but "1.0".
+/// The receive chain of a station, from antenna to receiver:
+/// `<SignalPath version="1.0"><Name/><SINAD/><Device><Device/>...</Device>`
+/// `<AntHgtMap/><CabLenMap/></SignalPath>`, the two maps optional.
+/// Reading refuses any version but "1.0".
+/// \ingroup scenario
 class KELXML_EXPORT XmlSignalPathType : public XmlVersionedComposite
 {
 public:
@@ -20,16 +21,19 @@ public:
 
     const XmlObjNameType* objName() const { return &m_objName; }
     void setObjName(const XmlObjNameType& name) { m_objName = name; }
+    /// The SINAD the receiver needs.
     const XmlSinadType* sinad() const { return &m_sinad; }
     void setSinad(const XmlSinadType& sinad) { m_sinad = sinad; }
     const XmlDeviceListType* devices() const { return &m_devices; }
     void setDevices(const XmlDeviceListType& devices) { m_devices = devices; }
-    // The antenna height map.
     bool hasAnt() const { return bool(m_antHgtMap); }
+    /// The antenna height map, key to height in metres; null when absent.
+    /// setAnt() stores a copy.
     const XmlMapListType* ant() const { return m_antHgtMap.get(); }
     void setAnt(const XmlMapListType& map) { m_antHgtMap.assign(map); }
-    // The cable length map.
     bool hasCab() const { return bool(m_cabLenMap); }
+    /// The cable length map, key to length in metres; null when absent.
+    /// setCab() stores a copy.
     const XmlMapListType* cab() const { return m_cabLenMap.get(); }
     void setCab(const XmlMapListType& map) { m_cabLenMap.assign(map); }
 

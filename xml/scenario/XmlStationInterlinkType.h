@@ -8,13 +8,14 @@
 
 namespace KelXml {
 
-// The radio parameters of a station's link to the network:
-// <StationInterlink version="1.0"><Frequency/><TxPower/><RxThreshold/>
-// <AntennaHeight/></StationInterlink>.
-//
-// The power is read from <TxPower> but written as <Power>, so a written
-// interlink is refused by its own reader. Reading keeps an unsupported
-// version; only the report refuses it.
+/// The radio parameters of a station's link to the network:
+/// `<StationInterlink version="1.0"><Frequency/><TxPower/><RxThreshold/>`
+/// `<AntennaHeight/></StationInterlink>`.
+///
+/// The power is read from `<TxPower>` but written as `<Power>`, so a written
+/// interlink is refused by its own reader. Reading keeps an unsupported
+/// version; only the report refuses it.
+/// \ingroup scenario
 class KELXML_EXPORT XmlStationInterlinkType : public XmlVersionedComposite
 {
 public:
@@ -24,8 +25,10 @@ public:
     void setFreq(const XmlFreqType& frequency) { m_frequency = frequency; }
     const XmlPowerType* power() const { return &m_power; }
     void setPower(const XmlPowerType& power) { m_power = power; }
+    /// The receiver threshold of the link.
     const XmlFieldstrengthType* rxThresh() const { return &m_rxThreshold; }
     void setRxThresh(const XmlFieldstrengthType& threshold) { m_rxThreshold = threshold; }
+    /// The height of the link's antenna.
     const XmlLengthType* antHgt() const { return &m_antennaHeight; }
     void setAntHgt(const XmlLengthType& height) { m_antennaHeight = height; }
 

@@ -8,9 +8,10 @@
 
 namespace KelXml {
 
-// The radio parameters of an assumed transmitter:
-// <TxParameter version="1.0"><Frequency/><TxPower/><AntennaHeight/><Bandwidth/></TxParameter>.
-// Reading keeps an unsupported version; only the report refuses it.
+/// The radio parameters of an assumed transmitter:
+/// `<TxParameter version="1.0"><Frequency/><TxPower/><AntennaHeight/><Bandwidth/></TxParameter>`.
+/// Reading keeps an unsupported version; only the report refuses it.
+/// \ingroup scenario
 class KELXML_EXPORT XmlTxParamType : public XmlVersionedComposite
 {
 public:
