@@ -46,6 +46,9 @@ set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME ${KELXML_TOOL_NAME})
 set(CPACK_PACKAGE_VENDOR "KelXml developers")
 set(CPACK_PACKAGE_CONTACT ${KELXML_PACKAGE_MAINTAINER})
+# Each package's description below starts with its own summary line; an empty
+# common summary keeps cpack from putting the same line before all three.
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 # Install with DESTDIR so that the pkg-config file names /usr, not the staging folder.
 set(CPACK_SET_DESTDIR ON)
@@ -64,9 +67,12 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # The tool links the library of this build, which no installed package holds yet.
 get_target_property(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS KelXml BINARY_DIR)
 set(CPACK_DEBIAN_PACKAGE_SECTION libs)
+# A shlibs file in the runtime package, so that packages built against it
+# depend on it through dpkg-shlibdeps.
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
 
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME ${kelxml_lib_package})
-set(CPACK_DEBIAN_RUNTIME_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_RUNTIME_DESCRIPTION "${PROJECT_DESCRIPTION} (Qt ${KELXML_QT_MAJOR})
 Typed, validated model of the command messages, response messages and
 scenario snapshots that a planning client and a calculation server of a radio

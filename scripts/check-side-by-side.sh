@@ -24,11 +24,11 @@ fail() {
 }
 
 # cmake --install writes the files it installed to install_manifest.txt.
-for build in "$qt5" "$qt6"; do
-    cmake --install "$build" --prefix "$prefix" >/dev/null
-    sort "$build/install_manifest.txt" >"$work/$(basename "$build").manifest"
-done
-shared=$(comm -12 "$work/$(basename "$qt5").manifest" "$work/$(basename "$qt6").manifest")
+cmake --install "$qt5" --prefix "$prefix" >/dev/null
+sort "$qt5/install_manifest.txt" >"$work/qt5.manifest"
+cmake --install "$qt6" --prefix "$prefix" >/dev/null
+sort "$qt6/install_manifest.txt" >"$work/qt6.manifest"
+shared=$(comm -12 "$work/qt5.manifest" "$work/qt6.manifest")
 [ -z "$shared" ] || fail "both builds install these files:"$'\n'"$shared"
 
 for tool in kelxml kelxml6; do
