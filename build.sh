@@ -7,12 +7,13 @@
 #   ./build.sh valgrind   the tests run under valgrind's memcheck (Qt 5)
 #   ./build.sh fuzz [S]   the element fuzzer for S seconds (default 60), with clang
 #   ./build.sh docs       the API reference (Doxygen) in build/docs/docs/html
+#   ./build.sh package    Debian packages of the Qt 5 and Qt 6 builds, in build/packages
 #
 # Builds go to build/<name>; installing packages needs root (or sudo).
 set -euo pipefail
 cd "$(dirname "$0")"
 
-packages=(cmake ninja-build g++ qtbase5-dev qt6-base-dev)
+packages=(cmake ninja-build g++ pkg-config qtbase5-dev qt6-base-dev)
 
 install_packages() {
     local missing=()
@@ -58,6 +59,8 @@ test)
     run_tests build/qt5
     build qt6 6
     run_tests build/qt6
+    echo "== installing the Qt 5 and Qt 6 builds side by side"
+    scripts/check-side-by-side.sh build/qt5 build/qt6 build/side-by-side
     ;;
 asan)
     install_packages "${packages[@]}"
@@ -89,8 +92,20 @@ docs)
     cmake -S . -B build/docs -G Ninja -DKELXML_QT_MAJOR=5 -DKELXML_BUILD_TESTS=OFF -DKELXML_BUILD_TOOLS=OFF
     cmake --build build/docs --target docs
     ;;
+package)
+    # dpkg-shlibdeps (dpkg-dev) and file work out the packages' dependencies.
+    install_packages "${packages[@]}" dpkg-dev file
+    rm -rf build/packages
+    for qt in 5 6; do
+        build pkg-qt$qt $qt -DCMAKE_BUILD_TYPE=Release -DCMAKE_INSTALL_PREFIX=/usr -DKELXML_BUILD_TESTS=OFF
+        echo "== packaging build/pkg-qt$qt"
+        cpack --config build/pkg-qt$qt/CPackConfig.cmake -B "$PWD/build/packages"
+    done
+    rm -rf build/packages/_CPack_Packages
+    ls -l build/packages/*.deb
+    ;;
 *)
-    sed -n '2,11p' "$0" | sed 's/^# \{0,1\}//'
+    sed -n '2,12p' "$0" | sed 's/^# \{0,1\}//'
     exit 64
     ;;
 esac

@@ -1,4 +1,5 @@
-// kelxml: checks and formats KelXml elements stored in files.
+// kelxml: checks and formats KelXml elements stored in files. The Qt 6 build
+// is named kelxml6 and says so in its messages (KELXML_TOOL_NAME).
 
 #include "GeoCommands.h"
 
@@ -65,8 +66,8 @@ QTextStream& err()
 
 int usageError(const QString& message)
 {
-    err() << "kelxml: " << message << "\n"
-          << "Try 'kelxml --help' for more information.\n";
+    err() << KELXML_TOOL_NAME ": " << message << "\n"
+          << "Try '" KELXML_TOOL_NAME " --help' for more information.\n";
     err().flush();
     return UsageError;
 }
@@ -208,7 +209,7 @@ int listClasses()
 int main(int argc, char* argv[])
 {
     QCoreApplication app(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("kelxml"));
+    QCoreApplication::setApplicationName(QStringLiteral(KELXML_TOOL_NAME));
     QCoreApplication::setApplicationVersion(QStringLiteral(KELXML_VERSION_STRING));
 
     QCommandLineParser parser;
@@ -231,7 +232,7 @@ int main(int argc, char* argv[])
         return Valid;
     }
     if (parser.isSet(QStringLiteral("version"))) {
-        out() << "kelxml " << QCoreApplication::applicationVersion() << "\n";
+        out() << KELXML_TOOL_NAME " " << QCoreApplication::applicationVersion() << "\n";
         return Valid;
     }
 
@@ -259,11 +260,13 @@ int main(int argc, char* argv[])
 
     if (!parser.isSet(asOption))
         return usageError(
-            QStringLiteral("'%1' needs --as CLASS (see 'kelxml classes').").arg(command));
+            QStringLiteral("'%1' needs --as CLASS (see '" KELXML_TOOL_NAME " classes').")
+                .arg(command));
     const QString className = XmlElementRegistry::resolve(parser.value(asOption));
     if (className.isEmpty()) {
-        return usageError(QStringLiteral("unknown element class '%1' (see 'kelxml classes').")
-                              .arg(parser.value(asOption)));
+        return usageError(
+            QStringLiteral("unknown element class '%1' (see '" KELXML_TOOL_NAME " classes').")
+                .arg(parser.value(asOption)));
     }
     if (arguments.isEmpty())
         return usageError(QStringLiteral("'%1' needs a file.").arg(command));
