@@ -172,7 +172,7 @@ void benchRead(benchmark::State& state, Case* c)
     double bare = 0;
     double library = 0;
     bool allValid = true;
-    bool bareFirst = true;
+    static bool bareFirst = true; // alternates across repetitions too
     for (auto _ : state) {
         std::unique_ptr<Model> model;
         double t0, t1, t2, t3;
@@ -239,7 +239,7 @@ void benchWrite(benchmark::State& state, Case* c)
     }
     double bare = 0;
     double library = 0;
-    bool bareFirst = true;
+    static bool bareFirst = true; // alternates across repetitions too
     for (auto _ : state) {
         double t0, t1, t2, t3;
         if (bareFirst) {
