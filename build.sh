@@ -8,6 +8,8 @@
 #   ./build.sh fuzz [S]   the element fuzzer for S seconds (default 60), with clang
 #   ./build.sh docs       the API reference (Doxygen) in build/docs/docs/html
 #   ./build.sh package    Debian packages of the Qt 5 and Qt 6 builds, in build/packages
+#   ./build.sh bench [ARGS] the benchmarks, optimised, with Qt 5 and Qt 6: one table each
+#                         (ARGS go to bench/kelxml_bench, e.g. --benchmark_filter=pairs)
 #
 # Builds go to build/<name>; installing packages needs root (or sudo).
 set -euo pipefail
@@ -54,7 +56,7 @@ examples)
     scripts/check-examples.sh build/qt5/tools/kelxml
     ;;
 test)
-    install_packages "${packages[@]}"
+    install_packages "${packages[@]}" valgrind
     build qt5 5
     run_tests build/qt5
     build qt6 6
@@ -104,8 +106,20 @@ package)
     rm -rf build/packages/_CPack_Packages
     ls -l build/packages/*.deb
     ;;
+bench)
+    install_packages "${packages[@]}" libbenchmark-dev
+    for qt in 5 6; do
+        name=bench$([ $qt = 6 ] && echo 6 || true)
+        build "$name" $qt -DCMAKE_BUILD_TYPE=RelWithDebInfo -DKELXML_BUILD_BENCH=ON \
+            -DKELXML_BUILD_TESTS=OFF -DKELXML_BUILD_TOOLS=OFF
+    done
+    for dir in build/bench build/bench6; do
+        echo "== benchmarks of $dir"
+        "$dir/bench/kelxml_bench" "${@:2}"
+    done
+    ;;
 *)
-    sed -n '2,12p' "$0" | sed 's/^# \{0,1\}//'
+    sed -n '2,14p' "$0" | sed 's/^# \{0,1\}//'
     exit 64
     ;;
 esac

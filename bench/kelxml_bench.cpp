@@ -1,0 +1,615 @@
+// Speed and memory of reading, checking and writing the three documents,
+// each measured against the bare QXmlStreamReader / QXmlStreamWriter pass
+// over the same bytes in the same process, so that the ratios compare across
+// machines. Prints Google Benchmark's report, then one summary table.
+//
+//   kelxml_bench [--no-memory] [--benchmark_filter=REGEX] [other benchmark flags]
+//   kelxml_bench --memory KIND FILE     (internal: one memory measurement)
+//
+// KELXML_BENCH_REPETITIONS sets the repetitions (default 5); the table
+// shows the medians. Times are the thread's CPU time.
+
+#include "BenchDocuments.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QFile>
+#include <QSet>
+#include <QTemporaryDir>
+#include <QXmlStreamReader>
+#include <QXmlStreamWriter>
+
+#include <malloc.h>
+#include <time.h>
+#include <unistd.h>
+
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+using namespace KelXmlBench;
+
+namespace {
+
+// The thread's CPU time: other programs on a shared machine slow the wall
+// clock of a run but hardly its CPU time, so the ratios stay put.
+struct Clock
+{
+    static double now()
+    {
+        timespec t;
+        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &t);
+        return double(t.tv_sec) + double(t.tv_nsec) * 1e-9;
+    }
+};
+
+// One document of the run, generated when a benchmark first needs it.
+struct Case
+{
+    std::string id;    // in the benchmark names: "command-10MB"
+    std::string label; // in the table: "command 10 MB"
+    DocumentKind kind;
+    qint64 requested;
+    bool sweep; // a row of the cost-per-MB sweep
+    bool table; // a row of the main table
+    QByteArray bytes;
+
+    const QByteArray& document()
+    {
+        if (bytes.isEmpty()) {
+            bytes = kind == DocumentKind::PairList ? pairList(int(requested))
+                                                   : generate(kind, requested);
+            const QString fault = verify(kind, bytes);
+            if (!fault.isEmpty()) {
+                std::fprintf(stderr, "generated %s is not valid:\n%s\n", id.c_str(),
+                             qPrintable(fault));
+                std::exit(3);
+            }
+        }
+        return bytes;
+    }
+};
+
+// The bare tokenizer: every token of the document, nothing done with it.
+qint64 bareRead(const QByteArray& bytes)
+{
+    QXmlStreamReader reader(bytes);
+    qint64 tokens = 0;
+    while (!reader.atEnd()) {
+        reader.readNext();
+        ++tokens;
+    }
+    return tokens;
+}
+
+// Reading and checking as an application does; the model is handed back so
+// that its destruction stays out of the measured time.
+std::unique_ptr<Model> libraryRead(const Case& c, bool* valid)
+{
+    std::unique_ptr<Model> model(new Model(c.kind));
+    QXmlStreamReader reader(c.bytes);
+    *valid = model->read(reader) && model->isValid();
+    return model;
+}
+
+// A step of a written document, for the bare writer to replay.
+struct Token
+{
+    enum Kind
+    {
+        StartDocument,
+        EndDocument,
+        Start, // name and attributes
+        End,
+        Characters, // text
+        TextElement // name and text: an element holding only text, no attributes
+    } kind;
+    QString name;
+    QString text;
+    std::vector<std::pair<QString, QString>> attributes;
+};
+
+// The tokens of a document. Equal strings share one copy, as a lean writer
+// keeps its names and repeated values, so the replay reads little memory.
+std::vector<Token> tokenize(const QByteArray& bytes)
+{
+    std::vector<Token> tokens;
+    QSet<QString> pool;
+    const auto shared = [&pool](QStringView text) { return *pool.insert(text.toString()); };
+    QXmlStreamReader reader(bytes);
+    while (!reader.atEnd()) {
+        switch (reader.readNext()) {
+        case QXmlStreamReader::StartDocument:
+            tokens.push_back({Token::StartDocument, {}, {}, {}});
+            break;
+        case QXmlStreamReader::EndDocument:
+            tokens.push_back({Token::EndDocument, {}, {}, {}});
+            break;
+        case QXmlStreamReader::StartElement:
+            tokens.push_back({Token::Start, shared(reader.name()), {}, {}});
+            for (const QXmlStreamAttribute& attribute : reader.attributes())
+                tokens.back().attributes.emplace_back(shared(attribute.name()),
+                                                      shared(attribute.value()));
+            break;
+        case QXmlStreamReader::Characters:
+            tokens.push_back({Token::Characters, {}, shared(reader.text()), {}});
+            break;
+        case QXmlStreamReader::EndElement: {
+            // Start, text, end without attributes: one writeTextElement().
+            const size_t n = tokens.size();
+            if (n >= 2 && tokens[n - 1].kind == Token::Characters &&
+                tokens[n - 2].kind == Token::Start && tokens[n - 2].attributes.empty()) {
+                tokens[n - 2].kind = Token::TextElement;
+                tokens[n - 2].text = std::move(tokens[n - 1].text);
+                tokens.pop_back();
+            } else {
+                tokens.push_back({Token::End, {}, {}, {}});
+            }
+            break;
+        }
+        default:
+            break;
+        }
+    }
+    return tokens;
+}
+
+// The bare writer: the same elements, attributes and texts, nothing else,
+// with the writer's shortest call for each.
+QByteArray bareWrite(const std::vector<Token>& tokens)
+{
+    QByteArray out;
+    QXmlStreamWriter writer(&out);
+    for (const Token& token : tokens) {
+        switch (token.kind) {
+        case Token::StartDocument:
+            writer.writeStartDocument();
+            break;
+        case Token::EndDocument:
+            writer.writeEndDocument();
+            break;
+        case Token::Start:
+            writer.writeStartElement(token.name);
+            for (const auto& attribute : token.attributes)
+                writer.writeAttribute(attribute.first, attribute.second);
+            break;
+        case Token::End:
+            writer.writeEndElement();
+            break;
+        case Token::Characters:
+            writer.writeCharacters(token.text);
+            break;
+        case Token::TextElement:
+            writer.writeTextElement(token.name, token.text);
+            break;
+        }
+    }
+    return out;
+}
+
+QByteArray libraryWrite(const Model& model)
+{
+    QByteArray out;
+    QXmlStreamWriter writer(&out);
+    model.write(writer);
+    return out;
+}
+
+// Each iteration times the bare loop and the library on the same bytes,
+// alternating which goes first; the reported time is the library's.
+void benchRead(benchmark::State& state, Case* c)
+{
+    const QByteArray& bytes = c->document();
+    double bare = 0;
+    double library = 0;
+    bool allValid = true;
+    static bool bareFirst = true; // alternates across repetitions too
+    for (auto _ : state) {
+        std::unique_ptr<Model> model;
+        double t0, t1, t2, t3;
+        bool valid = false;
+        if (bareFirst) {
+            t0 = Clock::now();
+            benchmark::DoNotOptimize(bareRead(bytes));
+            t1 = t2 = Clock::now();
+            model = libraryRead(*c, &valid);
+            t3 = Clock::now();
+        } else {
+            t2 = Clock::now();
+            model = libraryRead(*c, &valid);
+            t3 = t0 = Clock::now();
+            benchmark::DoNotOptimize(bareRead(bytes));
+            t1 = Clock::now();
+        }
+        bareFirst = !bareFirst;
+        allValid = allValid && valid;
+        bare += (t1 - t0);
+        library += (t3 - t2);
+        state.SetIterationTime(t3 - t2);
+        model.reset(); // destruction is not measured
+    }
+    if (!allValid)
+        state.SkipWithError("the library did not read the document as valid");
+    const double n = double(state.iterations());
+    state.SetBytesProcessed(state.iterations() * bytes.size());
+    state.counters["ms"] = 1000 * library / n;
+    state.counters["bare_ms"] = 1000 * bare / n;
+    state.counters["ratio"] = bare / library;
+}
+
+// isValid() and syntaxError() on a valid document already read.
+void benchCheck(benchmark::State& state, Case* c)
+{
+    c->document();
+    bool valid = false;
+    std::unique_ptr<Model> model = libraryRead(*c, &valid);
+    double total = 0;
+    for (auto _ : state) {
+        const double t0 = Clock::now();
+        benchmark::DoNotOptimize(model->isValid());
+        benchmark::DoNotOptimize(model->syntaxError());
+        const double elapsed = Clock::now() - t0;
+        total += elapsed;
+        state.SetIterationTime(elapsed);
+    }
+    state.counters["ms"] = 1000 * total / double(state.iterations());
+}
+
+// The library writes the model it read; the bare writer replays the tokens
+// of the library's own output, so both write exactly the same bytes.
+void benchWrite(benchmark::State& state, Case* c)
+{
+    c->document();
+    bool valid = false;
+    std::unique_ptr<Model> model = libraryRead(*c, &valid);
+    const QByteArray written = libraryWrite(*model);
+    const std::vector<Token> tokens = tokenize(written);
+    if (bareWrite(tokens) != written) {
+        state.SkipWithError("the bare writer does not reproduce the library's output");
+        return;
+    }
+    double bare = 0;
+    double library = 0;
+    static bool bareFirst = true; // alternates across repetitions too
+    for (auto _ : state) {
+        double t0, t1, t2, t3;
+        if (bareFirst) {
+            t0 = Clock::now();
+            benchmark::DoNotOptimize(bareWrite(tokens));
+            t1 = t2 = Clock::now();
+            benchmark::DoNotOptimize(libraryWrite(*model));
+            t3 = Clock::now();
+        } else {
+            t2 = Clock::now();
+            benchmark::DoNotOptimize(libraryWrite(*model));
+            t3 = t0 = Clock::now();
+            benchmark::DoNotOptimize(bareWrite(tokens));
+            t1 = Clock::now();
+        }
+        bareFirst = !bareFirst;
+        bare += (t1 - t0);
+        library += (t3 - t2);
+        state.SetIterationTime(t3 - t2);
+    }
+    const double n = double(state.iterations());
+    state.SetBytesProcessed(state.iterations() * written.size());
+    state.counters["ms"] = 1000 * library / n;
+    state.counters["bare_ms"] = 1000 * bare / n;
+    state.counters["ratio"] = bare / library;
+    state.counters["out_MB"] = written.size() / 1e6;
+}
+
+// ---- memory, measured in a child process of its own ----
+
+// A "Vm...:" line of /proc/self/status, in bytes; -1 when missing.
+qint64 statusBytes(const char* key)
+{
+    QFile status(QStringLiteral("/proc/self/status"));
+    if (!status.open(QIODevice::ReadOnly))
+        return -1;
+    const QByteArray all = status.readAll();
+    const int at = all.indexOf(key);
+    if (at < 0)
+        return -1;
+    const int end = all.indexOf('\n', at);
+    QByteArray value = all.mid(at + int(std::strlen(key)), end - at - int(std::strlen(key)));
+    value = value.trimmed();
+    value.chop(3); // " kB"
+    return value.trimmed().toLongLong() * 1024;
+}
+
+qint64 heapBytes()
+{
+    const struct mallinfo2 info = mallinfo2();
+    return qint64(info.uordblks + info.hblkhd);
+}
+
+// Reads FILE as KIND from the file and prints "model peak valid": the heap
+// bytes the model holds once the reader is gone, and the growth of the
+// resident set's high-water mark while reading.
+int memoryChild(const char* kindName, const char* path)
+{
+    DocumentKind kind;
+    if (!kindFromName(QString::fromLatin1(kindName), &kind))
+        return 64;
+    // Warm up: the code and the library's constants are paged in.
+    verify(kind, kind == DocumentKind::PairList ? pairList(100) : generate(kind, 20000));
+    malloc_trim(0);
+    {
+        QFile reset(QStringLiteral("/proc/self/clear_refs"));
+        if (reset.open(QIODevice::WriteOnly))
+            reset.write("5"); // the high-water mark starts again from here
+    }
+    const qint64 rss = statusBytes("VmRSS:");
+    const qint64 heap = heapBytes();
+    std::unique_ptr<Model> model(new Model(kind));
+    bool valid = false;
+    {
+        QFile file(QString::fromLocal8Bit(path));
+        if (!file.open(QIODevice::ReadOnly))
+            return 2;
+        QXmlStreamReader reader(&file);
+        valid = model->read(reader) && model->isValid();
+    }
+    const qint64 modelBytes = heapBytes() - heap;
+    const qint64 peak = statusBytes("VmHWM:") - rss;
+    std::printf("%lld %lld %d\n", static_cast<long long>(modelBytes), static_cast<long long>(peak),
+                valid ? 1 : 0);
+    return 0;
+}
+
+struct Memory
+{
+    double model = -1; // bytes
+    double peak = -1;  // bytes
+};
+
+Memory measureMemory(Case& c, const QString& folder)
+{
+    Memory memory;
+    const QString path = folder + QLatin1Char('/') + QString::fromStdString(c.id) + ".xml";
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(c.document()) != c.bytes.size())
+        return memory;
+    file.close();
+    char self[4096] = {};
+    if (readlink("/proc/self/exe", self, sizeof self - 1) <= 0)
+        return memory;
+    const std::string command = std::string("'") + self + "' --memory " +
+                                kindName(c.kind).toStdString() + " '" + path.toStdString() + "'";
+    if (FILE* child = popen(command.c_str(), "r")) {
+        long long model = 0, peak = 0;
+        int valid = 0;
+        if (std::fscanf(child, "%lld %lld %d", &model, &peak, &valid) == 3 && valid) {
+            memory.model = double(model);
+            memory.peak = double(peak);
+        }
+        pclose(child);
+    }
+    QFile::remove(path);
+    return memory;
+}
+
+// ---- the summary ----
+
+// Keeps the median of every benchmark (or its only run) by name.
+class SummaryReporter : public benchmark::ConsoleReporter
+{
+public:
+    SummaryReporter()
+        : ConsoleReporter(OO_Tabular) // plain text, also in a log
+    {}
+
+    void ReportRuns(const std::vector<Run>& runs) override
+    {
+        for (const Run& run : runs) {
+            if (run.error_occurred)
+                continue;
+            const std::string& name = run.run_name.function_name;
+            if (run.run_type == Run::RT_Aggregate && run.aggregate_name == "median")
+                m_median[name] = run.counters;
+            else if (run.run_type == Run::RT_Iteration && !m_median.count(name))
+                m_single[name] = run.counters;
+        }
+        ConsoleReporter::ReportRuns(runs);
+    }
+
+    // The counter of a benchmark; negative when it did not run.
+    double value(const std::string& name, const char* counter) const
+    {
+        for (const auto* results : {&m_median, &m_single}) {
+            const auto found = results->find(name);
+            if (found != results->end()) {
+                const auto c = found->second.find(counter);
+                if (c != found->second.end())
+                    return c->second.value;
+            }
+        }
+        return -1;
+    }
+
+private:
+    std::map<std::string, benchmark::UserCounters> m_median;
+    std::map<std::string, benchmark::UserCounters> m_single;
+};
+
+// printf without the trailing blanks of the last column.
+void printLine(const char* format, ...) __attribute__((format(printf, 1, 2)));
+void printLine(const char* format, ...)
+{
+    char text[512];
+    va_list arguments;
+    va_start(arguments, format);
+    std::vsnprintf(text, sizeof text, format, arguments);
+    va_end(arguments);
+    std::string line(text);
+    while (!line.empty() && (line.back() == ' ' || line.back() == '\n'))
+        line.pop_back();
+    std::printf("%s\n", line.c_str());
+}
+
+QString sizeText(qint64 bytes)
+{
+    if (bytes < 1000000)
+        return QString::number(bytes / 1000.0, 'f', 1) + " KB";
+    return QString::number(bytes / 1e6, 'f', 1) + " MB";
+}
+
+// "0.62 MISS" against a lower bound.
+QString atLeast(double value, double bound)
+{
+    if (value < 0)
+        return QStringLiteral("-");
+    return QString::number(value, 'f', 2) + (value >= bound ? " PASS" : " MISS");
+}
+
+QString atMost(double value, double bound, int decimals = 2, const char* suffix = "")
+{
+    if (value < 0)
+        return QStringLiteral("-");
+    return QString::number(value, 'f', decimals) + suffix + (value <= bound ? " PASS" : " MISS");
+}
+
+void printTable(std::vector<Case>& cases, const SummaryReporter& results, bool memory)
+{
+    const bool qt6 = QT_VERSION >= QT_VERSION_CHECK(6, 0, 0);
+    const double readBound = qt6 ? 0.7 : 0.8;
+    QTemporaryDir folder;
+    std::printf("\nKelXml with Qt %s: medians; ratio = bare pass time / library time "
+                "(1.00 = as fast as Qt's own reader or writer)\n"
+                "targets: read/bare of the 3 KB command message >= 0.77, of the others >= %.2f\n\n",
+                qVersion(), readBound);
+    const char* const line = "%-17s %8s | %7s %-11s | %-10s | %7s %-11s | %-11s %-10s %-13s";
+    printLine(line, "document", "size", "read", "read/bare", "check/read", "write", "write/bare",
+              "model/input", "peak/input", "peak-model");
+    printLine(line, "", "", "MB/s", qt6 ? ">=0.70" : ">=0.80", "<=5%", "MB/s", ">=0.90", "<=1.5",
+              "", "<=5 MB");
+    for (Case& c : cases) {
+        if (!c.table)
+            continue;
+        const double ratio = results.value("read/" + c.id, "ratio");
+        const double readMs = results.value("read/" + c.id, "ms");
+        if (readMs < 0)
+            continue;
+        const double checkMs = results.value("check/" + c.id, "ms");
+        const double writeMs = results.value("write/" + c.id, "ms");
+        const double writeRatio = results.value("write/" + c.id, "ratio");
+        const double outMb = results.value("write/" + c.id, "out_MB");
+        Memory m;
+        if (memory && folder.isValid())
+            m = measureMemory(c, folder.path());
+        const double size = double(c.bytes.size());
+        // A 3 KB message must take at most 1.3 times the bare loop.
+        const double bound =
+            c.requested < 10000 && c.kind == DocumentKind::Command ? 1 / 1.3 : readBound;
+        const bool measured = m.model >= 0 && m.peak >= 0;
+        printLine(
+            line, c.label.c_str(), qPrintable(sizeText(c.bytes.size())),
+            qPrintable(QString::number(size / 1e3 / readMs, 'f', 1)),
+            qPrintable(atLeast(ratio, bound)),
+            qPrintable(checkMs < 0 ? QStringLiteral("-")
+                                   : atMost(100 * checkMs / readMs, 5, 1, "%")),
+            qPrintable(writeMs < 0 ? QStringLiteral("-")
+                                   : QString::number(outMb * 1e3 / writeMs, 'f', 1)),
+            qPrintable(atLeast(writeRatio, 0.9)),
+            qPrintable(measured ? atMost(m.model / size, 1.5) : QStringLiteral("-")),
+            qPrintable(measured ? QString::number(m.peak / size, 'f', 2) : QStringLiteral("-")),
+            qPrintable(measured ? QString::number((m.peak - m.model) / 1e6, 'f', 1) +
+                                      ((m.peak - m.model) / 1e6 <= 5 ? " MB PASS" : " MB MISS")
+                                : QStringLiteral("-")));
+    }
+    std::printf("\nread = processXml + isValid (the model's destruction not counted); "
+                "check = isValid + syntaxError\non a valid document; write MB/s counts the "
+                "bytes written. model = heap bytes the model holds (mallinfo2);\npeak = growth "
+                "of the resident set's high-water mark (VmHWM) while reading from a file;\nboth "
+                "measured in a child process, the peak should stay within the model plus a few "
+                "MB.\n");
+
+    std::vector<std::pair<const Case*, double>> sweep;
+    for (const Case& c : cases) {
+        const double ms = results.value("read/" + c.id, "ms");
+        if (c.sweep && ms > 0)
+            sweep.emplace_back(&c, ms / (c.bytes.size() / 1e6));
+    }
+    if (sweep.size() < 2)
+        return;
+    double low = sweep.front().second;
+    double high = low;
+    for (const auto& row : sweep) {
+        low = qMin(low, row.second);
+        high = qMax(high, row.second);
+    }
+    std::printf("\nCost of reading and checking per MB of command message (flat within 20%%)\n");
+    for (const auto& row : sweep)
+        std::printf("  %-10s %8.2f ms/MB  %5.2f x the cheapest\n",
+                    qPrintable(sizeText(row.first->bytes.size())), row.second, row.second / low);
+    std::printf("  spread %.2f: %s\n", high / low, high / low <= 1.2 ? "PASS" : "MISS");
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    if (argc == 4 && std::strcmp(argv[1], "--memory") == 0)
+        return memoryChild(argv[2], argv[3]);
+
+    bool memory = true;
+    std::vector<char*> arguments;
+    for (int i = 0; i < argc; ++i) {
+        if (std::strcmp(argv[i], "--no-memory") == 0)
+            memory = false;
+        else
+            arguments.push_back(argv[i]);
+    }
+    int count = int(arguments.size());
+    benchmark::Initialize(&count, arguments.data());
+    if (benchmark::ReportUnrecognizedArguments(count, arguments.data()))
+        return 64;
+
+    int repetitions = qEnvironmentVariableIntValue("KELXML_BENCH_REPETITIONS");
+    if (repetitions <= 0)
+        repetitions = 5;
+
+    const qint64 kB = 1000;
+    const qint64 MB = 1000 * kB;
+    std::vector<Case> cases = {
+        {"command-3KB", "command 3 KB", DocumentKind::Command, 3 * kB, true, true, {}},
+        {"command-100KB", "command 100 KB", DocumentKind::Command, 100 * kB, true, false, {}},
+        {"command-1MB", "command 1 MB", DocumentKind::Command, MB, true, false, {}},
+        {"command-10MB", "command 10 MB", DocumentKind::Command, 10 * MB, true, true, {}},
+        {"snapshot-20MB", "snapshot 20 MB", DocumentKind::Snapshot, 20 * MB, false, true, {}},
+        {"pairs-150000", "pair list 150000", DocumentKind::PairList, 150000, false, true, {}},
+        {"responses-10MB", "responses 10 MB", DocumentKind::Responses, 10 * MB, false, true, {}},
+        {"command-100MB", "command 100 MB", DocumentKind::Command, 100 * MB, true, false, {}},
+    };
+
+    for (Case& c : cases) {
+        // Small documents run for a while per repetition, large ones once.
+        const qint64 bytes = c.kind == DocumentKind::PairList ? c.requested * 157 : c.requested;
+        const bool huge = bytes >= 100 * MB;
+        const auto configure = [&](benchmark::internal::Benchmark* b) {
+            b->UseManualTime()->Unit(benchmark::kMillisecond)->ReportAggregatesOnly(true);
+            b->Repetitions(huge ? qMin(repetitions, 3) : repetitions);
+            if (bytes >= MB)
+                b->Iterations(qMax<qint64>(1, 10 * MB / bytes));
+            else
+                b->MinTime(0.5);
+        };
+        configure(benchmark::RegisterBenchmark(("read/" + c.id).c_str(), benchRead, &c));
+        if (c.table) {
+            configure(benchmark::RegisterBenchmark(("check/" + c.id).c_str(), benchCheck, &c));
+            configure(benchmark::RegisterBenchmark(("write/" + c.id).c_str(), benchWrite, &c));
+        }
+    }
+
+    SummaryReporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    printTable(cases, reporter, memory);
+    benchmark::Shutdown();
+    return 0;
+}
