@@ -35,7 +35,7 @@ bool kindFromName(const QString& name, DocumentKind* kind);
 // machine: the content is derived from element counters, not from a clock or
 // a random source. Every document reads without error and is valid.
 QByteArray generate(DocumentKind kind, qint64 bytes);
-// A pair list of exactly `pairs` pairs, indented as the kelxml tool writes it
+// A pair list of exactly `count` pairs, laid out as the samples are
 // (about 157 bytes a pair).
 QByteArray pairList(int count);
 

@@ -96,7 +96,7 @@ void tst_BenchDocuments::everyKindOfContent()
 
 void tst_BenchDocuments::pairListOfTheReferenceSize()
 {
-    // 150,000 pairs as the kelxml tool lays them out come to about 23.5 MB.
+    // 150,000 pairs laid out as the samples are come to about 23.5 MB.
     const QByteArray document = pairList(150000);
     QVERIFY2(document.size() > 23300000 && document.size() < 23700000,
              QByteArray::number(document.size()));
