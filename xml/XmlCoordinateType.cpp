@@ -17,6 +17,17 @@ XmlCoordinateType::XmlCoordinateType()
     , m_version(XmlKit::defaultVersion)
 {}
 
+namespace {
+
+// The value of the text, or 0 when it is not a number.
+double number(const QString& text)
+{
+    bool ok = false;
+    return XmlKit::toDouble(text, &ok);
+}
+
+} // namespace
+
 void XmlCoordinateType::processXml(QXmlStreamReader& reader, const QString& elementName)
 {
     XmlElementReader in(*this, reader, elementName, XmlElementReader::NamedWording);
@@ -24,8 +35,8 @@ void XmlCoordinateType::processXml(QXmlStreamReader& reader, const QString& elem
         return;
     // The texts are converted unchecked: a text that is not a number gives 0.
     in.readChildren({
-        XmlChild::text(longitudeElement, [this](const QString& t) { m_longitude = t.toDouble(); }),
-        XmlChild::text(latitudeElement, [this](const QString& t) { m_latitude = t.toDouble(); }),
+        XmlChild::text(longitudeElement, [this](const QString& t) { m_longitude = number(t); }),
+        XmlChild::text(latitudeElement, [this](const QString& t) { m_latitude = number(t); }),
     });
 }
 

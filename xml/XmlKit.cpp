@@ -304,7 +304,7 @@ void XmlElementReader::run(const Handlers& handlers)
         }
         case QXmlStreamReader::EndElement: {
             const QStringView name = m_reader.name();
-            if (name == m_elementName) {
+            if (XmlKit::sameName(name, m_elementName)) {
                 if (!handlers.mayEnd || handlers.mayEnd())
                     return;
             } else if (handlers.passEnd && handlers.passEnd(name)) {
@@ -359,7 +359,7 @@ void XmlElementReader::readChildren(const std::vector<XmlChild>& children,
     handlers.start = [&reading](QStringView name) {
         for (size_t i = 0; i < reading.children.size(); ++i) {
             const XmlChild& child = reading.children[i];
-            if (child.name() != name)
+            if (!XmlKit::sameName(child.name(), name))
                 continue;
             const int index = int(i);
             if (index < reading.last || (index == reading.last && !child.isRepeated()))

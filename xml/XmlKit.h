@@ -48,6 +48,19 @@ inline bool sameText(const QString& a, const QString& b)
     return true;
 }
 
+// Equal names, compared in place (the loop's test of a tag against a table).
+inline bool sameName(QStringView a, QStringView b)
+{
+    const qsizetype size = a.size();
+    if (size != b.size())
+        return false;
+    for (qsizetype i = 0; i < size; ++i) {
+        if (a[i] != b[i])
+            return false;
+    }
+    return true;
+}
+
 inline bool isSupportedVersion(const QString& version)
 {
     return sameText(version, defaultVersion);

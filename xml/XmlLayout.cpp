@@ -242,7 +242,7 @@ int XmlLayout::entryIndex(const QString& name) const
 const XmlLayout::Entry* XmlLayout::entryFor(QStringView name) const
 {
     for (const Entry& entry : m_entries) {
-        if (entry.field->m_readName == name)
+        if (XmlKit::sameName(entry.field->m_readName, name))
             return &entry;
     }
     return nullptr;

@@ -121,7 +121,7 @@ void XmlParamTable::read(XmlParamSet& set, QXmlStreamReader& reader,
     handlers.start = [&](QStringView name) {
         for (size_t i = 0; i < m_fields.size(); ++i) {
             const XmlParam& field = m_fields[i];
-            if (field.m_readName != name)
+            if (!XmlKit::sameName(field.m_readName, name))
                 continue;
             const quint32 own = 1u << i;
             const quint32 refusers = field.m_repeated ? ~((own << 1) - 1) : ~(own - 1);
