@@ -5,15 +5,14 @@
 namespace KelXml {
 
 XmlEnumElement::XmlEnumElement(const Shape& shape)
-    : XmlElementBase(QLatin1String(shape.classname))
+    : XmlElementBase(shape.classname)
     , m_shape(&shape)
 {}
 
 void XmlEnumElement::processXml(QXmlStreamReader& reader, const QString& elementName)
 {
     XmlElementReader in(*this, reader, elementName, XmlElementReader::TextWording);
-    in.readEnumText(*m_shape->texts, QLatin1String(m_shape->badText),
-                    [this](int value) { m_value = value; });
+    in.readEnumText(*m_shape->texts, m_shape->badText, [this](int value) { m_value = value; });
 }
 
 void XmlEnumElement::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
@@ -23,7 +22,7 @@ void XmlEnumElement::produceXml(QXmlStreamWriter& writer, const QString& element
 
 void XmlEnumElement::checkContent(XmlChecks& checks) const
 {
-    checks.expect(m_value != 0, QLatin1String(m_shape->unset));
+    checks.expect(m_value != 0, m_shape->unset);
 }
 
 void XmlEnumElement::reset()

@@ -19,10 +19,10 @@ public:
     /// What sets one enumeration element apart from another.
     struct Shape
     {
-        const char* classname;
+        QString classname;
         const XmlEnumTexts* texts;
-        const char* badText; ///< the reader error for a text that matches none
-        const char* unset;   ///< the report for the value 0
+        QString badText; ///< the reader error for a text that matches none
+        QString unset;   ///< the report for the value 0
     };
 
     void processXml(QXmlStreamReader& reader, const QString& elementName) override;

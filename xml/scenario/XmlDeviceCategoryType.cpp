@@ -7,8 +7,9 @@ namespace KelXml {
 namespace {
 const XmlEnumTexts categoryTexts = XmlEnumTexts::numbered(
     {"Receiver", "PassiveAntennas", "Cable", "Other", "ActiveAntennas", "DF"});
-const XmlEnumElement::Shape shape = {"XmlDeviceCategoryType", &categoryTexts, "Illegal enum value.",
-                                     "Illegal Device Category."};
+const XmlEnumElement::Shape shape = {QStringLiteral("XmlDeviceCategoryType"), &categoryTexts,
+                                     QStringLiteral("Illegal enum value."),
+                                     QStringLiteral("Illegal Device Category.")};
 } // namespace
 
 XmlDeviceCategoryType::XmlDeviceCategoryType()
