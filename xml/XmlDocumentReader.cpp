@@ -242,9 +242,8 @@ private:
         if (!startsWith(m_p, m_end, "<?xml") || m_end - m_p < 6 || !isSpace(m_p[5]))
             return true;
         // The declaration ends at the first "?>"; look for encoding="..." inside.
-        const Byte* close = m_p + 5;
-        while (close < m_end && !startsWith(close, m_end, "?>"))
-            ++close;
+        static const char end[] = "?>";
+        const Byte* close = std::search(m_p + 5, runBound(m_p + 2), end, end + 2);
         static const char key[] = "encoding";
         const Byte* at = std::search(m_p + 5, close, key, key + sizeof key - 1);
         if (at == close)
