@@ -161,6 +161,55 @@ private slots:
         }
     }
 
+    // The hostile inputs a server may meet are refused by the tool too, each
+    // with its position and the limit or rule that refused it.
+    void hostileFiles_data()
+    {
+        QTest::addColumn<QByteArray>("xml");
+        QTest::addColumn<qint64>("size"); // a sparse file of this size instead
+        QTest::addColumn<QString>("error");
+        QByteArray attributes("<Command");
+        for (int i = 0; i < 40000; ++i)
+            attributes += " a" + QByteArray::number(i) + "=\"1\"";
+        QTest::newRow("40000 attributes")
+            << attributes + "/>" << qint64(0)
+            << ":1:" + QString::number(attributes.indexOf("a32=") + 1) +
+                   ": error: more than 32 attributes in one start tag (limit maxAttributes); raise "
+                   "it with --max-attributes";
+        QTest::newRow("1000000 nested")
+            << QByteArray("<a>").repeated(1000000) << qint64(0)
+            << ":1:193: error: elements nested deeper than 64 levels (limit maxDepth); raise it "
+               "with --max-depth";
+        QTest::newRow("entity") << "<!DOCTYPE d [<!ENTITY a \"" + QByteArray(4000, 'a') +
+                                       "\">]>\n<d>" + QByteArray("&a;").repeated(50000) + "</d>"
+                                << qint64(0)
+                                << ":1:1: error: a document type declaration is not accepted";
+        QTest::newRow("1 GiB") << QByteArray() << (qint64(1) << 30)
+                               << ":1:1: error: the document is larger than 67108864 bytes (limit "
+                                  "maxBytes); raise it with --max-bytes";
+        QTest::newRow("invalid UTF-8") << QByteArray("<Command>\n\xC0\xAF</Command>") << qint64(0)
+                                       << ":2:1: error: invalid UTF-8";
+        QTest::newRow("truncated") << QByteArray("<Command>\n  <ORDER_DEF>") << qint64(0)
+                                   << ":2:14: error: not well-formed XML: Premature end of "
+                                      "document.";
+    }
+    void hostileFiles()
+    {
+        QFETCH(QByteArray, xml);
+        QFETCH(qint64, size);
+        QFETCH(QString, error);
+        QTemporaryDir dir;
+        QFile file(dir.filePath(QStringLiteral("message.xml")));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(xml);
+        if (size > 0)
+            QVERIFY(file.resize(size)); // sparse: no room taken on disk
+        file.close();
+        const Run run = kelxml({"check", "--as", "command", file.fileName()});
+        QCOMPARE(run.out, file.fileName() + error + "\n");
+        QCOMPARE(run.status, 2);
+    }
+
     void formatWritesCanonicalForm()
     {
         const QString sample = QStringLiteral(KELXML_EXAMPLES "/XmlFreqType/valid-khz.xml");
