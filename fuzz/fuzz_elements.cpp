@@ -18,10 +18,10 @@
 namespace {
 
 // Classes whose written form reads back cleanly as something else, each with
-// the reason. Empty: every asymmetry of the format (grid results that never
-// read back, the interlink writing "Power" for "TxPower", lists written empty
-// that must not be, commands written in an order their reader refuses) makes
-// the written form unreadable, and an unreadable form is not compared.
+// the reason. Empty so far: the asymmetries of the format (grid results, the
+// interlink writing "Power" for "TxPower", the signal path's written form,
+// lists that must not be empty) make the written form unreadable, and an
+// unreadable form is not compared.
 const QStringList writtenFormDiffers = {};
 
 QString written(const KelXml::IXmlElement& element)
