@@ -26,11 +26,21 @@ Q_DECLARE_METATYPE(KelXml::XmlReadError::Kind)
 
 namespace {
 
+// Instrumented code (sanitizers, valgrind) runs many times slower: time
+// budgets grow and the cost comparison is only reported.
+bool instrumented()
+{
 #ifdef KELXML_SANITIZED
-const qint64 refusalBudgetMs = 500; // instrumented code runs several times slower
+    return true;
 #else
-const qint64 refusalBudgetMs = 50;
+    return qgetenv("LD_PRELOAD").contains("vgpreload");
 #endif
+}
+
+qint64 refusalBudgetMs()
+{
+    return instrumented() ? 2000 : 50;
+}
 
 const qint64 MiB = 1024 * 1024;
 
@@ -256,7 +266,7 @@ private slots:
             QCOMPARE(result.error.limit, limit);
             QCOMPARE(result.error.line, line);
             QCOMPARE(result.error.column, column);
-            QVERIFY2(ms <= refusalBudgetMs, qPrintable(QStringLiteral("%1 ms").arg(ms)));
+            QVERIFY2(ms <= refusalBudgetMs(), qPrintable(QStringLiteral("%1 ms").arg(ms)));
             if (!limit.isEmpty()) {
                 QVERIFY2(result.error.text().endsWith(QStringLiteral("(limit %1)").arg(limit)),
                          qPrintable(what));
@@ -335,7 +345,7 @@ private slots:
         QCOMPARE(error.kind, XmlReadError::ValueLengthLimit);
         QCOMPARE(error.text(), QStringLiteral("line 1, column 4: a text, value, name or comment "
                                               "longer than 16777216 bytes (limit maxValueLength)"));
-        QVERIFY2(ms <= refusalBudgetMs, qPrintable(QStringLiteral("%1 ms").arg(ms)));
+        QVERIFY2(ms <= refusalBudgetMs(), qPrintable(QStringLiteral("%1 ms").arg(ms)));
 
         limits.maxValueLength = 160 * MiB;
         QVERIFY(XmlDocumentReader(limits).scan(document).isNull());
@@ -369,7 +379,7 @@ private slots:
         QCOMPARE(result.error.text(), QStringLiteral("line 1, column 1: the document is larger "
                                                      "than 67108864 bytes (limit maxBytes)"));
         QCOMPARE(file.pos(), qint64(0));
-        QVERIFY2(ms <= refusalBudgetMs, qPrintable(QStringLiteral("%1 ms").arg(ms)));
+        QVERIFY2(ms <= refusalBudgetMs(), qPrintable(QStringLiteral("%1 ms").arg(ms)));
         file.close();
         file.remove();
     }
@@ -485,7 +495,7 @@ private slots:
         const auto cpuNs = []() { return qint64(std::clock()) * (1000000000 / CLOCKS_PER_SEC); };
         const auto best = [&cpuNs](const std::function<bool()>& work) {
             qint64 fastest = std::numeric_limits<qint64>::max();
-            for (int i = 0; i < 5; ++i) {
+            for (int i = instrumented() ? 4 : 0; i < 5; ++i) {
                 const qint64 start = cpuNs();
                 if (!work())
                     return qint64(-1);
@@ -501,6 +511,8 @@ private slots:
         qInfo("%d bytes: processXml %lld us, entry point %lld us (%+.1f%%), scan alone %lld us",
               int(document.size()), bareNs / 1000, entryNs / 1000,
               100.0 * double(entryNs - bareNs) / double(bareNs), scanNs / 1000);
+        if (instrumented())
+            return;
         // Looser than what it measures (about 2 per cent), to stay clear of noise.
         QVERIFY(entryNs < bareNs * 12 / 10);
         QVERIFY(scanNs < bareNs / 10);
