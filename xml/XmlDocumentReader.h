@@ -104,9 +104,11 @@ public:
 
     // Reads the document as an object of the registry class (or alias).
     XmlReadResult read(const QString& classNameOrAlias, const QByteArray& document) const;
-    // Reads the document from an open device, from its current position. A
-    // device that is not sequential is refused from its size without being
-    // read; from a sequential one at most maxBytes + 1 bytes are read.
+    // Reads the document from an open device, from its current position to
+    // its end. A device that is not sequential is refused from its size
+    // without being read; from a sequential one at most maxBytes + 1 bytes
+    // are read, waiting up to 30 seconds for each next part (a socket should
+    // rather be drained by the caller and its bytes passed).
     XmlReadResult read(const QString& classNameOrAlias, QIODevice* device) const;
 
     XmlReadResult readCommand(const QByteArray& document) const;
