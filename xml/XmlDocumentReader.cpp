@@ -517,11 +517,6 @@ XmlReadError readerError(const QXmlStreamReader& reader, const QByteArray& docum
     return error;
 }
 
-bool isBlank(const QXmlStreamReader& reader)
-{
-    return reader.isWhitespace();
-}
-
 } // namespace
 
 QString XmlReadError::text() const
@@ -588,7 +583,7 @@ XmlReadResult XmlDocumentReader::read(const QString& classNameOrAlias,
         case QXmlStreamReader::Invalid:
             break;
         case QXmlStreamReader::Characters:
-            if (isBlank(reader))
+            if (reader.isWhitespace())
                 break;
             Q_FALLTHROUGH();
         default:
