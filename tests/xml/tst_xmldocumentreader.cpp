@@ -44,7 +44,7 @@ qint64 refusalBudgetMs()
 
 const qint64 MiB = 1024 * 1024;
 
-// The generated inputs, built only when their row runs.
+// Generators of the hostile inputs.
 QByteArray nested(int depth)
 {
     return QByteArray("<a>").repeated(depth) + QByteArray("</a>").repeated(depth);
