@@ -2,10 +2,11 @@
 # Sets up a Debian 12 machine for KelXml, builds it and runs it.
 #
 #   ./build.sh examples   install what is missing, build with Qt 5, check the samples
-#   ./build.sh test       install what is missing, build and run every test with Qt 5 and Qt 6
+#   ./build.sh test       install what is missing, build and run every test with Qt 5 and Qt 6,
+#                         then each fuzz target for a few seconds
 #   ./build.sh asan       the tests built with AddressSanitizer and UBSan (Qt 5)
 #   ./build.sh valgrind   the tests run under valgrind's memcheck (Qt 5)
-#   ./build.sh fuzz [S]   the element fuzzer for S seconds (default 60), with clang
+#   ./build.sh fuzz [S]   each fuzz target for S seconds (default 60), with clang
 #   ./build.sh docs       the API reference (Doxygen) in build/docs/docs/html
 #   ./build.sh package    Debian packages of the Qt 5 and Qt 6 builds, in build/packages
 #   ./build.sh bench [ARGS] the benchmarks, optimised, with Qt 5 and Qt 6: one table each
@@ -44,6 +45,13 @@ build() {
     cmake --build "$dir"
 }
 
+# The libFuzzer targets, built with clang, ASan and UBSan (library and fuzzers only).
+build_fuzzers() {
+    install_packages clang libclang-rt-14-dev
+    CC=clang CXX=clang++ build fuzz 5 -DKELXML_BUILD_FUZZERS=ON -DKELXML_BUILD_TESTS=OFF \
+        -DKELXML_BUILD_TOOLS=OFF -DKELXML_SANITIZE=fuzzer-no-link,address,undefined
+}
+
 run_tests() {
     echo "== testing $1"
     ctest --test-dir "$1" --output-on-failure
@@ -63,6 +71,9 @@ test)
     run_tests build/qt6
     echo "== installing the Qt 5 and Qt 6 builds side by side"
     scripts/check-side-by-side.sh build/qt5 build/qt6 build/side-by-side
+    build_fuzzers
+    echo "== fuzz smoke runs"
+    scripts/fuzz.sh build/fuzz build/qt5/tools/kelxml 5
     ;;
 asan)
     install_packages "${packages[@]}"
@@ -82,11 +93,10 @@ valgrind)
     echo "valgrind: no errors and no leaks"
     ;;
 fuzz)
-    install_packages "${packages[@]}" clang libclang-rt-14-dev
+    install_packages "${packages[@]}"
     build qt5 5
-    CC=clang CXX=clang++ build fuzz 5 -DKELXML_BUILD_FUZZERS=ON -DKELXML_BUILD_TESTS=OFF \
-        -DKELXML_BUILD_TOOLS=OFF -DKELXML_SANITIZE=fuzzer-no-link,address,undefined
-    scripts/fuzz.sh build/fuzz/fuzz/fuzz_elements build/qt5/tools/kelxml "${2:-60}"
+    build_fuzzers
+    scripts/fuzz.sh build/fuzz build/qt5/tools/kelxml "${2:-60}"
     ;;
 docs)
     install_packages cmake ninja-build g++ qtbase5-dev doxygen
@@ -119,7 +129,7 @@ bench)
     done
     ;;
 *)
-    sed -n '2,14p' "$0" | sed 's/^# \{0,1\}//'
+    sed -n '2,15p' "$0" | sed 's/^# \{0,1\}//'
     exit 64
     ;;
 esac

@@ -1,7 +1,9 @@
 // Feeds arbitrary bytes to the element classes: the first byte chooses a
 // class, the rest is read as its element. Whatever the input, reading must
 // end, and checking, reporting, writing, copying and resetting the object
-// afterwards must be safe.
+// afterwards must be safe. And what a class writes, it reads back to the
+// same text: writing the object read from a written object gives that
+// written text again, except for the classes listed below.
 
 #include <XmlElementRegistry.h>
 
@@ -11,6 +13,37 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
+
+namespace {
+
+// Classes whose written form reads back cleanly as something else, each with
+// the reason. Empty so far: the asymmetries of the format (grid results, the
+// interlink writing "Power" for "TxPower", the signal path's written form,
+// lists that must not be empty) make the written form unreadable, and an
+// unreadable form is not compared.
+const QStringList writtenFormDiffers = {};
+
+QString written(const KelXml::IXmlElement& element)
+{
+    QString text;
+    QXmlStreamWriter writer(&text);
+    element.produceXml(writer, QStringLiteral("E"));
+    return text;
+}
+
+// Reads the first element of xml into element; true without a reader error.
+template <class Text>
+bool read(KelXml::IXmlElement& element, const Text& xml)
+{
+    QXmlStreamReader reader(xml);
+    while (!reader.atEnd() && reader.readNext() != QXmlStreamReader::StartElement) {
+    }
+    element.processXml(reader, reader.name().toString());
+    return !reader.hasError();
+}
+
+} // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
@@ -21,25 +54,23 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     const QByteArray xml(reinterpret_cast<const char*>(data + 1), int(size - 1));
 
     auto element = KelXml::XmlElementRegistry::create(className);
-    QXmlStreamReader reader(xml);
-    while (!reader.atEnd() && reader.readNext() != QXmlStreamReader::StartElement) {
-    }
-    element->processXml(reader, reader.name().toString());
-
+    read(*element, xml);
     element->isValid();
     element->syntaxError();
-    QByteArray written;
-    QXmlStreamWriter writer(&written);
-    element->produceXml(writer, QStringLiteral("E"));
+    const QString first = written(*element);
 
-    // What was written reads back into a fresh object without harm.
+    // What was written reads back into a fresh object without harm, and
+    // when it reads cleanly, writes the same text again.
     auto again = KelXml::XmlElementRegistry::create(className);
-    QXmlStreamReader rereader(written);
-    rereader.readNextStartElement();
-    again->processXml(rereader, QStringLiteral("E"));
+    const bool clean = read(*again, first);
     again->syntaxError();
+    if (clean && !writtenFormDiffers.contains(className) && written(*again) != first)
+        std::abort();
 
+    auto copy = KelXml::XmlElementRegistry::copy(className, *element);
     element->reset();
     element->isValid();
+    if (!copy || written(*copy) != first)
+        std::abort();
     return 0;
 }

@@ -1,26 +1,66 @@
 #!/usr/bin/env bash
-# Runs the element fuzzer for a while, seeded with the samples.
-# Usage: scripts/fuzz.sh PATH/TO/fuzz_elements PATH/TO/kelxml [SECONDS]
+# Runs the libFuzzer targets one after the other, each for SECONDS, seeded
+# with the samples; the corpora grow in FUZZ_BUILD/corpus/<target> from run to
+# run. Afterwards each target's corpus is run once more and the slowest input
+# is reported (inputs must take less than 100 ms; a second is a failure).
+#
+# Usage: scripts/fuzz.sh FUZZ_BUILD KELXML [SECONDS] [TARGET...]
+#   FUZZ_BUILD  the clang build with the fuzzers (build/fuzz)
+#   KELXML      a kelxml tool, to number the classes for fuzz_elements
+#   TARGET      fuzz_elements, fuzz_command, fuzz_response, fuzz_scenario (default: all)
+# Extra libFuzzer options can be given in FUZZ_OPTIONS, e.g. FUZZ_OPTIONS=-runs=10000000.
 set -euo pipefail
-usage="usage: scripts/fuzz.sh PATH/TO/fuzz_elements PATH/TO/kelxml [SECONDS]"
-fuzzer=${1:?$usage}
+usage="usage: scripts/fuzz.sh FUZZ_BUILD KELXML [SECONDS] [TARGET...]"
+build=${1:?$usage}
 kelxml=${2:?$usage}
 seconds=${3:-60}
+shift $(($# < 3 ? $# : 3))
+targets=("$@")
+[ ${#targets[@]} -gt 0 ] || targets=(fuzz_elements fuzz_command fuzz_response fuzz_scenario)
 root=$(cd "$(dirname "$0")/.." && pwd)
-corpus=$(mktemp -d)
-trap 'rm -rf "$corpus"' EXIT
 
-# A starting input is the sample prefixed with the byte that selects its class (the
-# class's place in 'kelxml classes').
-classes=$("$kelxml" classes | cut -f1 | cut -d' ' -f1)
-index=0
-for class in $classes; do
-    for sample in "$root"/examples/"$class"/*.xml; do
-        [ -e "$sample" ] || continue
-        { printf "\\$(printf '%03o' "$index")"; cat "$sample"; } > "$corpus/$class-$(basename "$sample")"
-    done
-    index=$((index + 1))
+# Seeds: every sample of a document for its target; for fuzz_elements every
+# sample prefixed with the byte that selects its class (its place in
+# 'kelxml classes').
+seed() {
+    local target=$1 corpus=$build/corpus/$1
+    mkdir -p "$corpus"
+    case $target in
+    fuzz_command) cp "$root"/examples/XmlCmdRoot/*.xml "$corpus"/ ;;
+    fuzz_response) cp "$root"/examples/XmlRespRoot/*.xml "$corpus"/ ;;
+    fuzz_scenario) cp "$root"/examples/XmlKelBtType/*.xml "$corpus"/ ;;
+    fuzz_elements)
+        local index=0 class sample
+        for class in $("$kelxml" classes | cut -f1 | cut -d' ' -f1); do
+            for sample in "$root"/examples/"$class"/*.xml; do
+                [ -e "$sample" ] || continue
+                { printf "\\$(printf '%03o' "$index")"; cat "$sample"; } \
+                    > "$corpus/$class-$(basename "$sample")"
+            done
+            index=$((index + 1))
+        done
+        ;;
+    *) echo "unknown target $target" >&2; exit 64 ;;
+    esac
+}
+
+for target in "${targets[@]}"; do
+    fuzzer=$build/fuzz/$target
+    seed "$target"
+    echo "== $target for $seconds s"
+    log=$build/$target.log
+    # shellcheck disable=SC2086
+    if ! "$fuzzer" -max_total_time="$seconds" -max_len=32768 -timeout=1 -rss_limit_mb=512 \
+        -dict="$root/fuzz/kelxml.dict" -print_final_stats=1 ${FUZZ_OPTIONS:-} \
+        "$build/corpus/$target" > "$log" 2>&1; then
+        tail -n 60 "$log"
+        echo "$target failed: see $log" >&2
+        exit 1
+    fi
+    grep -E '^(stat::|Done|INFO: (Loaded|seed))|DONE' "$log" || true
+    # The slowest input of the corpus, timed one by one.
+    slowest=$(find "$build/corpus/$target" -type f -print0 |
+        xargs -0 "$fuzzer" -timeout=1 -rss_limit_mb=512 2>&1 |
+        sed -n 's/^Executed \(.*\) in \([0-9]*\) ms$/\2 \1/p' | sort -n | tail -1)
+    echo "$target: slowest input of $(find "$build/corpus/$target" -type f | wc -l): ${slowest%% *} ms"
 done
-
-"$fuzzer" -max_total_time="$seconds" -max_len=32768 -timeout=5 -rss_limit_mb=2048 \
-    -dict="$root/fuzz/elements.dict" -print_final_stats=1 "$corpus"

@@ -3,6 +3,7 @@
 
 #include "GeoCommands.h"
 
+#include <XmlDocumentReader.h>
 #include <XmlElementRegistry.h>
 
 #include <QCommandLineParser>
@@ -10,13 +11,16 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QTextStream>
-#include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
+#include <limits>
 #include <memory>
 
 using KelXml::IXmlElement;
+using KelXml::XmlDocumentReader;
 using KelXml::XmlElementRegistry;
+using KelXml::XmlReadError;
+using KelXml::XmlReadLimits;
 
 namespace {
 
@@ -47,10 +51,14 @@ const char* const description =
     "  svg --as scenario|command FILE\n"
     "                            Write the same objects as an SVG map.\n"
     "\n"
+    "Files are read as untrusted input: a file beyond one of the limits set by\n"
+    "the --max-* options, or holding a DTD, NUL bytes or invalid UTF-8, is\n"
+    "refused as unreadable.\n"
+    "\n"
     "Exit status: 0 all valid, 1 some element invalid, 2 some file unreadable\n"
-    "(missing file, malformed XML, or an element its class cannot read),\n"
-    "64 wrong usage. geojson and svg exit 0 once written: invalid objects are\n"
-    "written too, marked as such.";
+    "(missing file, malformed XML, a limit exceeded, or an element its class\n"
+    "cannot read), 64 wrong usage. geojson and svg exit 0 once written: invalid\n"
+    "objects are written too, marked as such.";
 
 QTextStream& out()
 {
@@ -80,19 +88,47 @@ struct Reading
     QString error; // set when the file is unreadable
 };
 
-QString xmlError(const QString& file, const QXmlStreamReader& reader)
+// The option that changes the limit of the given name.
+QString optionOf(const QString& limit)
 {
-    // Errors the element classes raise carry their own class, line and column.
-    if (reader.error() == QXmlStreamReader::CustomError)
-        return QStringLiteral("%1: error: %2").arg(file, reader.errorString());
-    return QStringLiteral("%1:%2:%3: error: not well-formed XML: %4")
-        .arg(file)
-        .arg(reader.lineNumber())
-        .arg(reader.columnNumber())
-        .arg(reader.errorString());
+    if (limit == QLatin1String("maxBytes"))
+        return QStringLiteral("--max-bytes");
+    if (limit == QLatin1String("maxDepth"))
+        return QStringLiteral("--max-depth");
+    if (limit == QLatin1String("maxAttributes"))
+        return QStringLiteral("--max-attributes");
+    return QStringLiteral("--max-value-length");
 }
 
-Reading readFile(const QString& className, const QString& file)
+QString readError(const QString& file, const XmlReadError& error)
+{
+    switch (error.kind) {
+    case XmlReadError::Element: // carries its own class, line and column
+    case XmlReadError::NoElement:
+    case XmlReadError::Device:
+    case XmlReadError::UnknownClass:
+        return QStringLiteral("%1: error: %2").arg(file, error.message);
+    case XmlReadError::NotWellFormed:
+    case XmlReadError::TrailingContent:
+        return QStringLiteral("%1:%2:%3: error: not well-formed XML: %4")
+            .arg(file)
+            .arg(error.line)
+            .arg(error.column)
+            .arg(error.message);
+    default:
+        break;
+    }
+    QString text = QStringLiteral("%1:%2:%3: error: %4")
+                       .arg(file)
+                       .arg(error.line)
+                       .arg(error.column)
+                       .arg(error.message);
+    if (error.isLimit())
+        text += QStringLiteral("; raise it with %1").arg(optionOf(error.limit));
+    return text;
+}
+
+Reading readFile(const XmlDocumentReader& documents, const QString& className, const QString& file)
 {
     Reading reading;
     QFile device(file);
@@ -101,22 +137,11 @@ Reading readFile(const QString& className, const QString& file)
             QStringLiteral("%1: error: cannot open: %2").arg(file, device.errorString());
         return reading;
     }
-    QXmlStreamReader reader(&device);
-    while (!reader.atEnd() && reader.readNext() != QXmlStreamReader::StartElement) {
-    }
-    if (reader.tokenType() != QXmlStreamReader::StartElement) {
-        reading.error = reader.hasError() ? xmlError(file, reader)
-                                          : QStringLiteral("%1: error: no element found").arg(file);
-        return reading;
-    }
-    reading.element = XmlElementRegistry::create(className);
-    reading.elementName = reader.name().toString();
-    reading.element->processXml(reader, reading.elementName);
-    // The rest of the file must be well-formed too.
-    while (!reader.hasError() && !reader.atEnd())
-        reader.readNext();
-    if (reader.hasError())
-        reading.error = xmlError(file, reader);
+    KelXml::XmlReadResult result = documents.read(className, &device);
+    if (result.error)
+        reading.error = readError(file, result.error);
+    reading.element = std::move(result.root);
+    reading.elementName = result.rootName;
     return reading;
 }
 
@@ -127,11 +152,11 @@ QString indented(const QString& text)
     return QLatin1String("    ") + result;
 }
 
-int check(const QString& className, const QStringList& files)
+int check(const XmlDocumentReader& documents, const QString& className, const QStringList& files)
 {
     int status = Valid;
     for (const QString& file : files) {
-        const Reading reading = readFile(className, file);
+        const Reading reading = readFile(documents, className, file);
         if (!reading.error.isEmpty()) {
             out() << reading.error << "\n";
             status = Unreadable;
@@ -147,9 +172,9 @@ int check(const QString& className, const QStringList& files)
     return status;
 }
 
-int format(const QString& className, const QString& file)
+int format(const XmlDocumentReader& documents, const QString& className, const QString& file)
 {
-    const Reading reading = readFile(className, file);
+    const Reading reading = readFile(documents, className, file);
     if (!reading.error.isEmpty()) {
         err() << reading.error << "\n";
         return Unreadable;
@@ -172,9 +197,10 @@ int format(const QString& className, const QString& file)
 }
 
 // geojson and svg: objects that are invalid are drawn all the same.
-int writeMap(const QString& command, const QString& className, const QString& file)
+int writeMap(const XmlDocumentReader& documents, const QString& command, const QString& className,
+             const QString& file)
 {
-    const Reading reading = readFile(className, file);
+    const Reading reading = readFile(documents, className, file);
     if (!reading.error.isEmpty()) {
         err() << reading.error << "\n";
         return Unreadable;
@@ -220,6 +246,27 @@ int main(int argc, char* argv[])
                                       QStringLiteral("The element class (or alias) to read as."),
                                       QStringLiteral("CLASS"));
     parser.addOption(asOption);
+    const XmlReadLimits defaults;
+    const QCommandLineOption maxBytesOption(
+        QStringLiteral("max-bytes"),
+        QStringLiteral("Refuse a file larger than N bytes (default %1).").arg(defaults.maxBytes),
+        QStringLiteral("N"));
+    const QCommandLineOption maxDepthOption(
+        QStringLiteral("max-depth"),
+        QStringLiteral("Refuse elements nested deeper than N (default %1).").arg(defaults.maxDepth),
+        QStringLiteral("N"));
+    const QCommandLineOption maxAttributesOption(
+        QStringLiteral("max-attributes"),
+        QStringLiteral("Refuse a start tag with more than N attributes (default %1).")
+            .arg(defaults.maxAttributes),
+        QStringLiteral("N"));
+    const QCommandLineOption maxValueLengthOption(
+        QStringLiteral("max-value-length"),
+        QStringLiteral("Refuse a text, attribute value, name or comment longer than N bytes "
+                       "(default %1).")
+            .arg(defaults.maxValueLength),
+        QStringLiteral("N"));
+    parser.addOptions({maxBytesOption, maxDepthOption, maxAttributesOption, maxValueLengthOption});
     parser.addPositionalArgument(QStringLiteral("command"),
                                  QStringLiteral("check, format, classes, geojson or svg."));
     parser.addPositionalArgument(QStringLiteral("files"), QStringLiteral("The files to read."),
@@ -246,6 +293,33 @@ int main(int argc, char* argv[])
             return usageError(QStringLiteral("'classes' takes no files."));
         return listClasses();
     }
+    XmlReadLimits limits;
+    QString badOption;
+    const auto limit = [&](const QCommandLineOption& option, qint64 current,
+                           qint64 largest) -> qint64 {
+        if (!parser.isSet(option))
+            return current;
+        bool ok = false;
+        const qint64 value = parser.value(option).toLongLong(&ok);
+        if (!ok || value <= 0 || value > largest) {
+            if (badOption.isEmpty())
+                badOption = option.names().constFirst();
+            return current;
+        }
+        return value;
+    };
+    const qint64 intMax = std::numeric_limits<int>::max();
+    const qint64 int64Max = std::numeric_limits<qint64>::max();
+    limits.maxBytes = limit(maxBytesOption, limits.maxBytes, int64Max);
+    limits.maxDepth = int(limit(maxDepthOption, limits.maxDepth, intMax));
+    limits.maxAttributes = int(limit(maxAttributesOption, limits.maxAttributes, intMax));
+    limits.maxValueLength = limit(maxValueLengthOption, limits.maxValueLength, int64Max);
+    if (!badOption.isEmpty()) {
+        return usageError(QStringLiteral("--%1 needs a positive integer, not '%2'.")
+                              .arg(badOption, parser.value(badOption)));
+    }
+    const XmlDocumentReader documents(limits);
+
     if (command == QLatin1String("geojson") || command == QLatin1String("svg")) {
         const QString className = XmlElementRegistry::resolve(parser.value(asOption));
         if (className != QLatin1String("XmlKelBtType") && className != QLatin1String("XmlCmdRoot"))
@@ -253,7 +327,7 @@ int main(int argc, char* argv[])
                 QStringLiteral("'%1' needs --as scenario or --as command.").arg(command));
         if (arguments.size() != 1)
             return usageError(QStringLiteral("'%1' takes exactly one file.").arg(command));
-        return writeMap(command, className, arguments.first());
+        return writeMap(documents, command, className, arguments.first());
     }
     if (command != QLatin1String("check") && command != QLatin1String("format"))
         return usageError(QStringLiteral("unknown command '%1'.").arg(command));
@@ -270,10 +344,11 @@ int main(int argc, char* argv[])
     }
     if (arguments.isEmpty())
         return usageError(QStringLiteral("'%1' needs a file.").arg(command));
+
     if (command == QLatin1String("format")) {
         if (arguments.size() != 1)
             return usageError(QStringLiteral("'format' takes exactly one file."));
-        return format(className, arguments.first());
+        return format(documents, className, arguments.first());
     }
-    return check(className, arguments);
+    return check(documents, className, arguments);
 }

@@ -41,6 +41,21 @@ private slots:
         QTest::newRow("format two files")
             << QStringList{"format", "--as", "XmlFreqType", "a.xml", "b.xml"}
             << "'format' takes exactly one file.";
+        QTest::newRow("zero limit")
+            << QStringList{"check", "-a", "command", "--max-depth", "0", "a"}
+            << "--max-depth needs a positive integer, not '0'.";
+        QTest::newRow("negative limit")
+            << QStringList{"check", "-a", "command", "--max-attributes=-3", "a"}
+            << "--max-attributes needs a positive integer, not '-3'.";
+        QTest::newRow("fractional limit")
+            << QStringList{"format", "-a", "command", "--max-value-length", "1.5", "a"}
+            << "--max-value-length needs a positive integer, not '1.5'.";
+        QTest::newRow("limit beyond int")
+            << QStringList{"check", "-a", "command", "--max-depth", "2147483648", "a"}
+            << "--max-depth needs a positive integer, not '2147483648'.";
+        QTest::newRow("word as limit")
+            << QStringList{"check", "-a", "command", "--max-bytes", "lots", "a"}
+            << "--max-bytes needs a positive integer, not 'lots'.";
     }
     void usageErrors()
     {
@@ -88,6 +103,121 @@ private slots:
         QVERIFY2(run.out.startsWith(missing + ": error: cannot open: ") &&
                      run.out.contains(trailing + ":1:22: error: not well-formed XML: "),
                  qPrintable(run.out));
+    }
+
+    // A file beyond a limit is unreadable; the answer names the limit and the
+    // option that raises it, and raising it lets the file through.
+    void limits_data()
+    {
+        QTest::addColumn<QByteArray>("xml");
+        QTest::addColumn<QStringList>("options");
+        QTest::addColumn<QString>("error");
+        QTest::addColumn<QStringList>("raised");
+        const QByteArray command("<Command a=\"1\" b=\"2\">\n"
+                                 "  <ORDER_DEF>\n"
+                                 "    <ORDER_ID>KEL261123101500123</ORDER_ID>\n"
+                                 "    <ORDER_SENDER>planning-client</ORDER_SENDER>\n"
+                                 "  </ORDER_DEF>\n"
+                                 "</Command>\n");
+        const QString size = QString::number(command.size());
+        const QString oneLess = QString::number(command.size() - 1);
+        QTest::newRow("bytes") << command << QStringList{"--max-bytes", oneLess}
+                               << ":1:1: error: the document is larger than " + oneLess +
+                                      " bytes (limit maxBytes); raise it with --max-bytes"
+                               << QStringList{"--max-bytes", size};
+        QTest::newRow("attributes")
+            << command << QStringList{"--max-attributes", "1"}
+            << ":1:16: error: more than 1 attributes in one start tag (limit maxAttributes); "
+               "raise it with --max-attributes"
+            << QStringList{"--max-attributes=2"};
+        QTest::newRow("depth") << command << QStringList{"--max-depth", "2"}
+                               << ":3:5: error: elements nested deeper than 2 levels (limit "
+                                  "maxDepth); raise it with --max-depth"
+                               << QStringList{"--max-depth", "3"};
+        QTest::newRow("value length")
+            << command << QStringList{"--max-value-length", "17"}
+            << ":3:15: error: a text, value, name or comment longer than 17 bytes (limit "
+               "maxValueLength); raise it with --max-value-length"
+            << QStringList{"--max-value-length", "18"};
+        QTest::newRow("DTD") << QByteArray("<!DOCTYPE Command>\n<Command/>") << QStringList()
+                             << ":1:1: error: a document type declaration is not accepted"
+                             << QStringList();
+        QTest::newRow("NUL") << QByteArray("<Command>\0</Command>", 20) << QStringList()
+                             << ":1:10: error: a NUL byte is not accepted" << QStringList();
+    }
+    void limits()
+    {
+        QFETCH(QByteArray, xml);
+        QFETCH(QStringList, options);
+        QFETCH(QString, error);
+        QFETCH(QStringList, raised);
+        QTemporaryDir dir;
+        QFile file(dir.filePath(QStringLiteral("message.xml")));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(xml);
+        file.close();
+
+        const QStringList check{"check", "--as", "command", file.fileName()};
+        Run run = kelxml(check + options);
+        QCOMPARE(run.status, 2);
+        QCOMPARE(run.out, file.fileName() + error + "\n");
+        run = kelxml(QStringList{"format", "--as", "command", file.fileName()} + options);
+        QCOMPARE(run.status, 2);
+        QCOMPARE(run.err, file.fileName() + error + "\n");
+        if (!raised.isEmpty()) {
+            run = kelxml(check + raised);
+            QCOMPARE(run.out, file.fileName() + ": valid XmlCmdRoot \"Command\"\n");
+            QCOMPARE(run.status, 0);
+        }
+    }
+
+    // The hostile inputs a server may meet are refused by the tool too, each
+    // with its position and the limit or rule that refused it.
+    void hostileFiles_data()
+    {
+        QTest::addColumn<QByteArray>("xml");
+        QTest::addColumn<qint64>("size"); // a sparse file of this size instead
+        QTest::addColumn<QString>("error");
+        QByteArray attributes("<Command");
+        for (int i = 0; i < 40000; ++i)
+            attributes += " a" + QByteArray::number(i) + "=\"1\"";
+        QTest::newRow("40000 attributes")
+            << attributes + "/>" << qint64(0)
+            << ":1:" + QString::number(attributes.indexOf("a32=") + 1) +
+                   ": error: more than 32 attributes in one start tag (limit maxAttributes); raise "
+                   "it with --max-attributes";
+        QTest::newRow("1000000 nested")
+            << QByteArray("<a>").repeated(1000000) << qint64(0)
+            << ":1:193: error: elements nested deeper than 64 levels (limit maxDepth); raise it "
+               "with --max-depth";
+        QTest::newRow("entity") << "<!DOCTYPE d [<!ENTITY a \"" + QByteArray(4000, 'a') +
+                                       "\">]>\n<d>" + QByteArray("&a;").repeated(50000) + "</d>"
+                                << qint64(0)
+                                << ":1:1: error: a document type declaration is not accepted";
+        QTest::newRow("1 GiB") << QByteArray() << (qint64(1) << 30)
+                               << ":1:1: error: the document is larger than 67108864 bytes (limit "
+                                  "maxBytes); raise it with --max-bytes";
+        QTest::newRow("invalid UTF-8") << QByteArray("<Command>\n\xC0\xAF</Command>") << qint64(0)
+                                       << ":2:1: error: invalid UTF-8";
+        QTest::newRow("truncated") << QByteArray("<Command>\n  <ORDER_DEF>") << qint64(0)
+                                   << ":2:14: error: not well-formed XML: Premature end of "
+                                      "document.";
+    }
+    void hostileFiles()
+    {
+        QFETCH(QByteArray, xml);
+        QFETCH(qint64, size);
+        QFETCH(QString, error);
+        QTemporaryDir dir;
+        QFile file(dir.filePath(QStringLiteral("message.xml")));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(xml);
+        if (size > 0)
+            QVERIFY(file.resize(size)); // sparse: no room taken on disk
+        file.close();
+        const Run run = kelxml({"check", "--as", "command", file.fileName()});
+        QCOMPARE(run.out, file.fileName() + error + "\n");
+        QCOMPARE(run.status, 2);
     }
 
     void formatWritesCanonicalForm()
