@@ -41,7 +41,10 @@ build() {
     local dir=build/$1 qt=$2
     shift 2
     echo "== building $dir (Qt $qt)"
-    cmake -S . -B "$dir" -G Ninja -DKELXML_QT_MAJOR="$qt" -DKELXML_WERROR=ON "$@"
+    # ccache, when installed, makes rebuilds in fresh folders cheap.
+    local launcher=()
+    command -v ccache >/dev/null && launcher=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
+    cmake -S . -B "$dir" -G Ninja -DKELXML_QT_MAJOR="$qt" -DKELXML_WERROR=ON "${launcher[@]}" "$@"
     cmake --build "$dir"
 }
 
