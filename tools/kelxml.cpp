@@ -172,7 +172,11 @@ int check(const XmlDocumentReader& documents, const QString& className, const QS
     return status;
 }
 
-int format(const XmlDocumentReader& documents, const QString& className, const QString& file)
+// Reads the file, opens standard output and hands both to write; a file that
+// cannot be read, or an output that cannot be opened, is Unreadable.
+template <class Write>
+int readAndWrite(const XmlDocumentReader& documents, const QString& className, const QString& file,
+                 Write write)
 {
     const Reading reading = readFile(documents, className, file);
     if (!reading.error.isEmpty()) {
@@ -182,41 +186,42 @@ int format(const XmlDocumentReader& documents, const QString& className, const Q
     QFile output;
     if (!output.open(stdout, QIODevice::WriteOnly))
         return Unreadable;
-    QXmlStreamWriter writer(&output);
-    writer.setAutoFormatting(true);
-    writer.writeStartDocument();
-    reading.element->produceXml(writer, reading.elementName);
-    writer.writeEndDocument();
-    output.close();
-    if (!reading.element->isValid()) {
-        err() << file << ": invalid " << className << ":\n"
-              << indented(reading.element->syntaxError()) << "\n";
-        return Invalid;
-    }
-    return Valid;
+    return write(reading, output);
+}
+
+int format(const XmlDocumentReader& documents, const QString& className, const QString& file)
+{
+    return readAndWrite(documents, className, file, [&](const Reading& reading, QFile& output) {
+        QXmlStreamWriter writer(&output);
+        writer.setAutoFormatting(true);
+        writer.writeStartDocument();
+        reading.element->produceXml(writer, reading.elementName);
+        writer.writeEndDocument();
+        output.close();
+        if (!reading.element->isValid()) {
+            err() << file << ": invalid " << className << ":\n"
+                  << indented(reading.element->syntaxError()) << "\n";
+            return Invalid;
+        }
+        return Valid;
+    });
 }
 
 // geojson and svg: objects that are invalid are drawn all the same.
 int writeMap(const XmlDocumentReader& documents, const QString& command, const QString& className,
              const QString& file)
 {
-    const Reading reading = readFile(documents, className, file);
-    if (!reading.error.isEmpty()) {
-        err() << reading.error << "\n";
-        return Unreadable;
-    }
-    QFile output;
-    if (!output.open(stdout, QIODevice::WriteOnly))
-        return Unreadable;
-    const bool written = command == QLatin1String("geojson")
-                             ? writeGeoJson(*reading.element, output)
-                             : writeSvg(*reading.element, QFileInfo(file).fileName(), output);
-    output.close();
-    if (!written) {
-        err() << "kelxml: cannot write the " << command << " of " << file << "\n";
-        return Unreadable;
-    }
-    return Valid;
+    return readAndWrite(documents, className, file, [&](const Reading& reading, QFile& output) {
+        const bool written = command == QLatin1String("geojson")
+                                 ? writeGeoJson(*reading.element, output)
+                                 : writeSvg(*reading.element, QFileInfo(file).fileName(), output);
+        output.close();
+        if (!written) {
+            err() << KELXML_TOOL_NAME ": cannot write the " << command << " of " << file << "\n";
+            return Unreadable;
+        }
+        return Valid;
+    });
 }
 
 int listClasses()
