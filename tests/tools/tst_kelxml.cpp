@@ -56,6 +56,12 @@ private slots:
         QTest::newRow("word as limit")
             << QStringList{"check", "-a", "command", "--max-bytes", "lots", "a"}
             << "--max-bytes needs a positive integer, not 'lots'.";
+        QTest::newRow("map without class")
+            << QStringList{"geojson", "a.xml"} << "'geojson' needs --as scenario or --as command.";
+        QTest::newRow("map of another class") << QStringList{"svg", "--as", "response", "a.xml"}
+                                              << "'svg' needs --as scenario or --as command.";
+        QTest::newRow("map of two files") << QStringList{"geojson", "--as", "XmlCmdRoot", "a", "b"}
+                                          << "'geojson' takes exactly one file.";
     }
     void usageErrors()
     {
@@ -66,6 +72,7 @@ private slots:
         QVERIFY2(run.err.contains(message), qPrintable(run.err));
         QVERIFY(run.err.startsWith(QLatin1String(KELXML_TOOL_NAME ": ")));
         QVERIFY(run.err.contains(QLatin1String("Try '" KELXML_TOOL_NAME " --help'")));
+        QVERIFY(run.out.isEmpty());
     }
 
     // The Qt 6 build is kelxml6 and names itself so; the version is the project's.

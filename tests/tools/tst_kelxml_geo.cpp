@@ -151,27 +151,6 @@ class TestKelxmlGeo : public QObject
     Q_OBJECT
 
 private slots:
-    void usageErrors_data()
-    {
-        QTest::addColumn<QStringList>("arguments");
-        QTest::addColumn<QString>("message");
-        QTest::newRow("no class") << QStringList{"geojson", "a.xml"}
-                                  << "'geojson' needs --as scenario or --as command.";
-        QTest::newRow("another class") << QStringList{"svg", "--as", "response", "a.xml"}
-                                       << "'svg' needs --as scenario or --as command.";
-        QTest::newRow("two files") << QStringList{"geojson", "--as", "XmlCmdRoot", "a", "b"}
-                                   << "'geojson' takes exactly one file.";
-    }
-    void usageErrors()
-    {
-        QFETCH(QStringList, arguments);
-        QFETCH(QString, message);
-        const Run run = kelxml(arguments);
-        QCOMPARE(run.status, 64);
-        QVERIFY2(run.err.contains(message), qPrintable(run.err));
-        QVERIFY(run.out.isEmpty());
-    }
-
     void unreadableFile()
     {
         QTemporaryDir dir;
