@@ -342,22 +342,24 @@ void XmlElementReader::readEnumText(const XmlEnumTexts& texts, const QString& ba
     });
 }
 
-void XmlElementReader::readChildren(const std::vector<XmlChild>& children,
+void XmlElementReader::readChildren(std::initializer_list<XmlChild> children,
                                     const std::function<bool()>& complete)
 {
     // The handlers capture one pointer, so that they need no allocation.
     struct Reading
     {
         XmlElementReader& in;
-        const std::vector<XmlChild>& children;
+        const XmlChild* children;
+        size_t count;
         const std::function<bool()>& complete;
-        std::vector<bool> seen;
+        quint64 seen; // one bit per child
         int last;
-    } reading{*this, children, complete, std::vector<bool>(children.size(), false), -1};
+    } reading{*this, children.begin(), children.size(), complete, 0, -1};
+    Q_ASSERT(children.size() <= 64);
 
     Handlers handlers;
     handlers.start = [&reading](QStringView name) {
-        for (size_t i = 0; i < reading.children.size(); ++i) {
+        for (size_t i = 0; i < reading.count; ++i) {
             const XmlChild& child = reading.children[i];
             if (!XmlKit::sameName(child.name(), name))
                 continue;
@@ -365,15 +367,15 @@ void XmlElementReader::readChildren(const std::vector<XmlChild>& children,
             if (index < reading.last || (index == reading.last && !child.isRepeated()))
                 return false;
             child.read(reading.in.m_reader);
-            reading.seen[i] = true;
+            reading.seen |= quint64(1) << i;
             reading.last = index;
             return true;
         }
         return false;
     };
     handlers.mayEnd = [&reading]() {
-        for (size_t i = 0; i < reading.children.size(); ++i) {
-            if (reading.children[i].isRequired() && !reading.seen[i])
+        for (size_t i = 0; i < reading.count; ++i) {
+            if (reading.children[i].isRequired() && !(reading.seen & (quint64(1) << i)))
                 return false;
         }
         return !reading.complete || reading.complete();

@@ -19,7 +19,6 @@
 #include <functional>
 #include <initializer_list>
 #include <optional>
-#include <vector>
 
 namespace KelXml {
 
@@ -286,7 +285,9 @@ public:
     // at most once (unless repeated) and only while no later child has been
     // read; the own end tag ends the element once every required child has
     // been read and the extra condition, if any, holds.
-    void readChildren(const std::vector<XmlChild>& children,
+    // The children stand in a list built in place (at most 64), so that
+    // reading an element allocates nothing for its table.
+    void readChildren(std::initializer_list<XmlChild> children,
                       const std::function<bool()>& complete = {});
 
 private:
