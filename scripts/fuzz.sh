@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Runs the libFuzzer targets one after the other, each for SECONDS, seeded
+# Runs the libFuzzer targets one after the other, each for SECONDS, started
 # with the samples; the corpora grow in FUZZ_BUILD/corpus/<target> from run to
 # run. Afterwards each target's corpus is run once more and the slowest input
 # is reported (inputs must take less than 100 ms; a second is a failure).
@@ -19,10 +19,10 @@ targets=("$@")
 [ ${#targets[@]} -gt 0 ] || targets=(fuzz_elements fuzz_command fuzz_response fuzz_scenario)
 root=$(cd "$(dirname "$0")/.." && pwd)
 
-# Seeds: every sample of a document for its target; for fuzz_elements every
+# Starting inputs: every sample of a document for its target; for fuzz_elements every
 # sample prefixed with the byte that selects its class (its place in
 # 'kelxml classes').
-seed() {
+fill_corpus() {
     local target=$1 corpus=$build/corpus/$1
     mkdir -p "$corpus"
     case $target in
@@ -46,7 +46,7 @@ seed() {
 
 for target in "${targets[@]}"; do
     fuzzer=$build/fuzz/$target
-    seed "$target"
+    fill_corpus "$target"
     echo "== $target for $seconds s"
     log=$build/$target.log
     # shellcheck disable=SC2086
@@ -57,7 +57,7 @@ for target in "${targets[@]}"; do
         echo "$target failed: see $log" >&2
         exit 1
     fi
-    grep -E '^(stat::|Done|INFO: (Loaded|seed))|DONE' "$log" || true
+    grep -E '^(stat::|Done|INFO: Loaded)|DONE' "$log" || true
     # The slowest input of the corpus, timed one by one.
     slowest=$(find "$build/corpus/$target" -type f -print0 |
         xargs -0 "$fuzzer" -timeout=1 -rss_limit_mb=512 2>&1 |

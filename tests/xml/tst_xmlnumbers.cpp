@@ -19,8 +19,8 @@ namespace {
 class TextGenerator
 {
 public:
-    explicit TextGenerator(quint32 seed)
-        : m_random(seed)
+    explicit TextGenerator(quint32 start)
+        : m_random(start)
     {}
 
     QString next()
