@@ -11,7 +11,7 @@ tolerance=1.03
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
-# Qt's hash tables are laid out alike on every run (QT_HASH_SEED=0), so the count repeats.
+# Qt's hash tables are laid out alike on every run, so the count repeats.
 if ! QT_HASH_SEED=0 "$valgrind" --tool=callgrind --callgrind-out-file="$work/out" \
     --toggle-collect='kelxmlGateRead*' "$gate" >"$work/stdout" 2>"$work/stderr"; then
     cat "$work/stdout" "$work/stderr"
