@@ -30,7 +30,7 @@ void XmlFieldstrengthType::processXml(QXmlStreamReader& reader, const QString& e
 void XmlFieldstrengthType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
 {
     XmlKit::writeValueElement(writer, elementName, m_version, m_unit,
-                              QString::number(m_fieldstrength, 'f', 15));
+                              XmlKit::number(m_fieldstrength, 'f', 15));
 }
 
 void XmlFieldstrengthType::checkContent(XmlChecks& checks) const

@@ -4,6 +4,8 @@
 #include <QXmlStreamAttributes>
 
 #include <array>
+#include <cmath>
+#include <cstring>
 
 namespace KelXml {
 
@@ -85,6 +87,116 @@ int toInt(QStringView text, bool* ok)
         return negative ? -value : value;
     }
     return text.toString().toInt(ok, 10);
+}
+
+namespace {
+
+// round(|value| * 10^decimals) from the exact binary value of |value|, into
+// *scaled, and the same truncated into *truncated when asked; false when Qt
+// must decide: a tie, a value at or above 2^53, one too small for the
+// arithmetic below, NaN or infinity, or a result of zero.
+bool scaleExactly(double value, int decimals, quint64* scaled, quint64* truncated = nullptr)
+{
+    static_assert(sizeof(double) == sizeof(quint64), "IEEE double expected");
+    quint64 bits;
+    std::memcpy(&bits, &value, sizeof bits);
+    const int biased = int((bits >> 52) & 0x7ff);
+    // Normal numbers below 2^53: |value| = mantissa * 2^-shift, 1 <= shift.
+    const int shift = 1075 - biased;
+    if (biased == 0 || shift < 1 || shift > 120 || decimals < 0 || decimals > 15)
+        return false;
+    const quint64 mantissa = (bits & ((quint64(1) << 52) - 1)) | (quint64(1) << 52);
+    static constexpr std::array<quint64, 16> powers{1ull,
+                                                    10ull,
+                                                    100ull,
+                                                    1000ull,
+                                                    10000ull,
+                                                    100000ull,
+                                                    1000000ull,
+                                                    10000000ull,
+                                                    100000000ull,
+                                                    1000000000ull,
+                                                    10000000000ull,
+                                                    100000000000ull,
+                                                    1000000000000ull,
+                                                    10000000000000ull,
+                                                    100000000000000ull,
+                                                    1000000000000000ull};
+    // mantissa < 2^53 and 10^15 < 2^50: the product fits in 103 bits.
+    const unsigned __int128 product = (unsigned __int128)mantissa * powers[size_t(decimals)];
+    const unsigned __int128 quotient = product >> shift;
+    const unsigned __int128 remainder = product - (quotient << shift);
+    const unsigned __int128 half = (unsigned __int128)1 << (shift - 1);
+    if (remainder == half)
+        return false;
+    const unsigned __int128 rounded = quotient + (remainder > half ? 1 : 0);
+    if (rounded == 0 || rounded >> 63)
+        return false;
+    *scaled = quint64(rounded);
+    if (truncated)
+        *truncated = quint64(quotient);
+    return true;
+}
+
+// "-ddd.ddd": scaled / 10^decimals in decimal notation, at least one digit
+// before the point, no point when there are no decimals.
+QString decimalText(bool negative, quint64 scaled, int decimals)
+{
+    char digits[24];
+    int count = 0;
+    for (; scaled != 0 || count <= decimals; scaled /= 10)
+        digits[count++] = char('0' + scaled % 10);
+    QChar text[32];
+    int length = 0;
+    if (negative)
+        text[length++] = QLatin1Char('-');
+    for (int i = count - 1; i >= 0; --i) {
+        text[length++] = QLatin1Char(digits[i]);
+        if (i == decimals && decimals > 0)
+            text[length++] = QLatin1Char('.');
+    }
+    return QString(text, length);
+}
+
+} // namespace
+
+QString number(double value, char format, int precision)
+{
+    const bool negative = std::signbit(value);
+    quint64 scaled = 0;
+    if (format == 'f' && scaleExactly(value, precision, &scaled))
+        return decimalText(negative, scaled, precision);
+    if (format == 'g' && precision == 6 && value != 0) {
+        // Six significant digits: the decimal exponent x of |value| is the one
+        // with 10^5 <= |value| * 10^(5 - x) < 10^6; rounding to 5 - x decimals
+        // may carry into a seventh digit, and then x grows by one. Qt writes
+        // decimal notation when -4 <= x < 6, trailing zeros dropped.
+        int exponent = std::ilogb(value) * 30103 / 100000; // log10(2): off by one at most
+        quint64 truncated = 0;
+        for (int attempts = 0; attempts < 3; ++attempts) {
+            if (!scaleExactly(value, 5 - exponent, &scaled, &truncated))
+                break;
+            if (truncated >= 1000000) {
+                ++exponent;
+                continue;
+            }
+            if (truncated < 100000) {
+                --exponent;
+                continue;
+            }
+            if (scaled == 1000000) {
+                ++exponent;
+                scaled = 100000;
+            }
+            if (exponent < -4 || exponent >= 6)
+                break;
+            int decimals = 5 - exponent;
+            for (; decimals > 0 && scaled % 10 == 0; --decimals)
+                scaled /= 10;
+            return decimalText(negative, scaled, decimals);
+        }
+    }
+    return QString::number(value, format, precision);
 }
 
 QString sharedText(QStringView text)

@@ -79,6 +79,12 @@ KELXML_EXPORT QDateTime parseDateTime(const QString& text);
 KELXML_EXPORT double toDouble(QStringView text, bool* ok);
 KELXML_EXPORT int toInt(QStringView text, bool* ok);
 
+// The text QString::number(value, format, precision) makes, for the formats
+// the messages use ('f' and 'g'), character for character. Values whose
+// decimal rounding is plain (no tie, not too small, below 2^53) are formatted
+// here from the exact binary value; everything else goes to Qt.
+KELXML_EXPORT QString number(double value, char format = 'g', int precision = 6);
+
 // The text as a QString that shares its data with earlier equal texts of this
 // thread when it is short, so that the attribute values and words every
 // element repeats ("1.0", "MHz", "dBm") are held once and not once per element.

@@ -84,7 +84,7 @@ QString XmlParam::format(double value) const
 {
     switch (m_kind) {
     case Number:
-        return QString::number(value, 'f', m_decimals);
+        return XmlKit::number(value, 'f', m_decimals);
     case Integer:
         return QString::number(int(value));
     case Choice:

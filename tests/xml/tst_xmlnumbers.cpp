@@ -7,7 +7,9 @@
 
 #include <QtTest>
 
+#include <cmath>
 #include <cstring>
+#include <limits>
 #include <random>
 
 using namespace KelXml;
@@ -102,6 +104,9 @@ private slots:
     void sameAsQt_data();
     void sameAsQt();
     void generatedTextsAgreeWithQt();
+    void writtenAsQt_data();
+    void writtenAsQt();
+    void generatedValuesWrittenAsQt();
 };
 
 // Forms at the edges of the short path: the longest digit strings it takes,
@@ -201,6 +206,116 @@ void TestXmlNumbers::generatedTextsAgreeWithQt()
     }
     // Many of the texts must be numbers, or the comparison proves little.
     QVERIFY2(accepted > 250000, qPrintable(QString::number(accepted)));
+}
+
+namespace {
+
+// The formats the writers use.
+const std::pair<char, int> writtenFormats[] = {{'f', 0}, {'f', 1}, {'f', 2},  {'f', 4},
+                                               {'f', 6}, {'f', 9}, {'f', 15}, {'g', 6}};
+
+QString formatName(char format, int precision)
+{
+    return QStringLiteral("'%1', %2").arg(QLatin1Char(format)).arg(precision);
+}
+
+} // namespace
+
+// Values at the edges of the short path: ties of every precision, rounding
+// that carries into a new digit, the bounds of decimal notation in 'g',
+// zeros and values that round to zero, 2^53, subnormals, NaN and infinity.
+void TestXmlNumbers::writtenAsQt_data()
+{
+    QTest::addColumn<double>("value");
+    const double values[] = {0.0,
+                             -0.0,
+                             0.5,
+                             1.5,
+                             2.5,
+                             -2.5,
+                             0.25,
+                             0.125,
+                             0.0078125,
+                             -0.0078125,
+                             1e-7,
+                             -1e-7,
+                             4e-7,
+                             5e-7,
+                             9.5,
+                             99.95,
+                             999999.5,
+                             999999.4,
+                             99999.95,
+                             99999.949999,
+                             123456.5,
+                             0.0001,
+                             0.00009999995,
+                             0.000099999949,
+                             1e5,
+                             1e6,
+                             -1e6,
+                             0.1,
+                             0.3,
+                             100.1,
+                             -107.25,
+                             3.14159265358979,
+                             9007199254740992.0,
+                             9007199254740993.0,
+                             4503599627370495.5,
+                             1e300,
+                             4.9e-324,
+                             2.2250738585072014e-308,
+                             std::numeric_limits<double>::infinity(),
+                             -std::numeric_limits<double>::infinity(),
+                             std::numeric_limits<double>::quiet_NaN()};
+    for (const double value : values)
+        QTest::newRow(qPrintable(QString::number(value, 'g', 17))) << value;
+}
+
+void TestXmlNumbers::writtenAsQt()
+{
+    QFETCH(double, value);
+    for (const auto& [format, precision] : writtenFormats)
+        QVERIFY2(XmlKit::number(value, format, precision) ==
+                     QString::number(value, format, precision),
+                 qPrintable(formatName(format, precision)));
+}
+
+// A million values, each in one of the formats in turn: the short decimals
+// messages carry, the same scaled by powers of ten, halves and other binary
+// fractions that tie, and arbitrary bit patterns.
+void TestXmlNumbers::generatedValuesWrittenAsQt()
+{
+    std::mt19937_64 random(20261123);
+    const auto below = [&random](quint64 n) { return random() % n; };
+    for (int i = 0; i < 1000000; ++i) {
+        double value = 0;
+        switch (i / 8 % 4) {
+        case 0: // -ddd.ddd
+            value = double(below(10000000)) / std::pow(10.0, double(below(8)));
+            break;
+        case 1: // the same at any scale
+            value = double(below(1000000)) * std::pow(10.0, double(below(30)) - 15);
+            break;
+        case 2: // n / 2^k: exact binary values that sit on decimal ties
+            value = double(below(1 << 20)) / double(quint64(1) << below(40));
+            break;
+        default: {
+            const quint64 bits = random();
+            std::memcpy(&value, &bits, sizeof value);
+            break;
+        }
+        }
+        if (below(2))
+            value = -value;
+        const auto& [format, precision] = writtenFormats[size_t(i) % std::size(writtenFormats)];
+        const QString text = XmlKit::number(value, format, precision);
+        const QString qtText = QString::number(value, format, precision);
+        if (text != qtText)
+            QFAIL(qPrintable(QStringLiteral("%1 as %2: %3, Qt: %4")
+                                 .arg(value, 0, 'g', 17)
+                                 .arg(formatName(format, precision), text, qtText)));
+    }
 }
 
 QTEST_GUILESS_MAIN(TestXmlNumbers)

@@ -11,7 +11,7 @@ const QString missingAttributes = QStringLiteral("Missing mandatory attributes")
 
 QString formatted(double value)
 {
-    return QString::number(value, 'g', 6);
+    return XmlKit::number(value, 'g', 6);
 }
 } // namespace
 
