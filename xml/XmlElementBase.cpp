@@ -2,24 +2,92 @@
 
 #include <QXmlStreamReader>
 
+#include <array>
+#include <atomic>
+#include <mutex>
+#include <unordered_set>
+
 namespace KelXml {
 
+struct XmlElementBase::Report
+{
+    const QString* classname;
+    QString text;
+};
+
+namespace {
+
+constexpr quintptr reportBit = 1;
+
+struct NameHash
+{
+    size_t operator()(const QString& name) const { return qHash(name); }
+};
+
+// The one shared copy of a class name. Elements are made by the million, so
+// the usual case, a name whose characters were seen before at the same
+// address (a literal, or a string of a static table), is answered from a
+// small lock-free cache; the set keeps every name it was given alive, so an
+// address and a size it cached can only hold the same characters.
+const QString* sharedName(const QString& name)
+{
+    static std::array<std::atomic<const QString*>, 64> recent{};
+    const quintptr key = quintptr(name.constData());
+    std::atomic<const QString*>& slot = recent[(key >> 4 ^ key >> 10) % recent.size()];
+    const QString* cached = slot.load(std::memory_order_acquire);
+    if (cached && cached->constData() == name.constData() && cached->size() == name.size())
+        return cached;
+    static std::mutex mutex;
+    // Never destroyed: elements with static storage may outlive any static here.
+    static auto* names = new std::unordered_set<QString, NameHash>;
+    const std::lock_guard<std::mutex> lock(mutex);
+    const QString* shared = &*names->insert(name).first;
+    slot.store(shared, std::memory_order_release);
+    return shared;
+}
+
+} // namespace
+
 XmlElementBase::XmlElementBase(const QString& classname)
-    : m_classname(classname)
+    : m_state(quintptr(sharedName(classname)))
 {}
 
-XmlElementBase::XmlElementBase(const XmlElementBase& other) = default;
+XmlElementBase::XmlElementBase(const XmlElementBase& other)
+    : IXmlElement(other)
+    , m_state(other.m_state)
+{
+    if (const Report* theirs = other.report())
+        m_state = quintptr(new Report(*theirs)) | reportBit;
+}
 
 XmlElementBase& XmlElementBase::operator=(const XmlElementBase& other)
 {
     if (this != &other) {
-        m_classname = other.m_classname;
-        m_syntaxError = other.m_syntaxError;
+        dropReport();
+        m_state = other.m_state;
+        if (const Report* theirs = other.report())
+            m_state = quintptr(new Report(*theirs)) | reportBit;
     }
     return *this;
 }
 
-XmlElementBase::~XmlElementBase() = default;
+XmlElementBase::~XmlElementBase()
+{
+    dropReport();
+}
+
+XmlElementBase::Report* XmlElementBase::report() const
+{
+    return m_state & reportBit ? reinterpret_cast<Report*>(m_state & ~reportBit) : nullptr;
+}
+
+void XmlElementBase::dropReport()
+{
+    if (Report* mine = report()) {
+        m_state = quintptr(mine->classname);
+        delete mine;
+    }
+}
 
 bool XmlElementBase::isValid() const
 {
@@ -38,41 +106,49 @@ QString XmlElementBase::syntaxError()
 
 void XmlElementBase::reset()
 {
-    m_syntaxError.clear();
+    dropReport();
 }
 
 void XmlElementBase::setReaderError(QXmlStreamReader& reader, const QString& message)
 {
     static const QString located = QStringLiteral("in %3 (line %1, column %2): %4.");
     reader.raiseError(
-        located.arg(reader.lineNumber()).arg(reader.columnNumber()).arg(m_classname).arg(message));
+        located.arg(reader.lineNumber()).arg(reader.columnNumber()).arg(classname()).arg(message));
 }
 
 void XmlElementBase::addSyntaxError(const QString& message)
 {
     if (message.isEmpty())
         return;
-    if (!m_syntaxError.isEmpty())
-        m_syntaxError += QLatin1Char('\n');
-    m_syntaxError += message;
+    Report* mine = report();
+    if (!mine) {
+        mine = new Report{reinterpret_cast<const QString*>(m_state), QString()};
+        m_state = quintptr(mine) | reportBit;
+    } else {
+        mine->text += QLatin1Char('\n');
+    }
+    mine->text += message;
 }
 
 void XmlElementBase::clearSyntaxError()
 {
-    m_syntaxError.clear();
+    dropReport();
 }
 
 const QString& XmlElementBase::classname() const
 {
-    return m_classname;
+    if (const Report* mine = report())
+        return *mine->classname;
+    return *reinterpret_cast<const QString*>(m_state);
 }
 
 QString XmlElementBase::mySyntaxError() const
 {
     static const QString framed = QStringLiteral("+++ in %1 Begin:\n%2\n--- in %1 End");
-    if (m_syntaxError.isEmpty())
+    const Report* mine = report();
+    if (!mine)
         return QString();
-    return framed.arg(m_classname, m_syntaxError);
+    return framed.arg(*mine->classname, mine->text);
 }
 
 void XmlElementBase::checkContent(XmlChecks&) const {}

@@ -10,7 +10,9 @@ namespace KelXml {
 class XmlChecks;
 
 /// The base of every element class. It holds the class name that every message
-/// of the element carries, and the text that syntaxError() accumulates.
+/// of the element carries, and the text that syntaxError() accumulates. Both
+/// fit in one pointer: the name is shared by all objects of a class, and the
+/// text takes memory only while there is some.
 ///
 /// isValid() and syntaxError() run the element's checkContent() once as a
 /// verdict and once as a report, so that a class states each rule and its
@@ -50,8 +52,14 @@ private:
     friend class XmlChecks;
     friend class XmlElementReader;
 
-    QString m_classname;
-    QString m_syntaxError;
+    struct Report;
+    Report* report() const;
+    void dropReport();
+
+    // One word per element: the class name (a string shared by every object
+    // of the class) or, once text has been accumulated, a Report holding the
+    // name and the text, marked by the lowest bit.
+    quintptr m_state;
 };
 
 /// Collects the outcome of an element's rules, either as a verdict (stopping at
