@@ -5,14 +5,14 @@
 namespace KelXml {
 
 namespace {
-const QString defaultUnit = QStringLiteral("kHz");
+const XmlText defaultUnit = QStringLiteral("kHz");
 const double defaultBandwidth = -1.0;
 } // namespace
 
 XmlBandwidthType::XmlBandwidthType()
     : XmlElementBase(QStringLiteral("XmlBandwidthType"))
     , m_unit(defaultUnit)
-    , m_version(XmlKit::defaultVersion)
+    , m_version(XmlKit::defaultVersionText)
     , m_bandwidth(defaultBandwidth)
 {}
 
@@ -46,7 +46,7 @@ void XmlBandwidthType::checkContent(XmlChecks& checks) const
 void XmlBandwidthType::reset()
 {
     m_unit = defaultUnit;
-    m_version = XmlKit::defaultVersion;
+    m_version = XmlKit::defaultVersionText;
     m_bandwidth = defaultBandwidth;
     XmlElementBase::reset();
 }

@@ -31,7 +31,7 @@ protected:
     void checkChildren(XmlChecks& checks) const;
     bool supportsVersion() const;
 
-    QString m_version;
+    XmlText m_version;
 
 private:
     friend class XmlLayout;

@@ -14,7 +14,7 @@ XmlCoordinateType::XmlCoordinateType()
     : XmlElementBase(QStringLiteral("XmlCoordinateType"))
     , m_longitude(unset)
     , m_latitude(unset)
-    , m_version(XmlKit::defaultVersion)
+    , m_version(XmlKit::defaultVersionText)
 {}
 
 namespace {
@@ -66,7 +66,7 @@ void XmlCoordinateType::reset()
 {
     m_longitude = unset;
     m_latitude = unset;
-    m_version = XmlKit::defaultVersion;
+    m_version = XmlKit::defaultVersionText;
     XmlElementBase::reset();
 }
 

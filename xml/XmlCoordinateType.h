@@ -37,7 +37,7 @@ private:
 
     double m_longitude;
     double m_latitude;
-    QString m_version;
+    XmlText m_version;
 };
 
 } // namespace KelXml

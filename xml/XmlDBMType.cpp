@@ -7,14 +7,14 @@
 namespace KelXml {
 
 namespace {
-const QString unitWord = QStringLiteral("dBm");
+const XmlText unitWord = QStringLiteral("dBm");
 const double defaultDBm = -110.0;
 } // namespace
 
 XmlDBMType::XmlDBMType()
     : XmlElementBase(QStringLiteral("XmlDBMType"))
     , m_unit(unitWord)
-    , m_version(XmlKit::defaultVersion)
+    , m_version(XmlKit::defaultVersionText)
     , m_dBm(defaultDBm)
 {}
 
@@ -43,7 +43,7 @@ void XmlDBMType::checkContent(XmlChecks& checks) const
 void XmlDBMType::reset()
 {
     m_unit = unitWord;
-    m_version = XmlKit::defaultVersion;
+    m_version = XmlKit::defaultVersionText;
     m_dBm = defaultDBm;
     XmlElementBase::reset();
 }

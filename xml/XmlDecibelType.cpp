@@ -7,14 +7,14 @@
 namespace KelXml {
 
 namespace {
-const QString unitWord = QStringLiteral("dB");
+const XmlText unitWord = QStringLiteral("dB");
 const double defaultDecibel = -0.0;
 } // namespace
 
 XmlDecibelType::XmlDecibelType()
     : XmlElementBase(QStringLiteral("XmlDecibelType"))
     , m_unit(unitWord)
-    , m_version(XmlKit::defaultVersion)
+    , m_version(XmlKit::defaultVersionText)
     , m_decibel(defaultDecibel)
 {}
 
@@ -43,7 +43,7 @@ void XmlDecibelType::checkContent(XmlChecks& checks) const
 void XmlDecibelType::reset()
 {
     m_unit = unitWord;
-    m_version = XmlKit::defaultVersion;
+    m_version = XmlKit::defaultVersionText;
     m_decibel = defaultDecibel;
     XmlElementBase::reset();
 }

@@ -29,8 +29,8 @@ protected:
 private:
     bool supportsVersion() const;
 
-    QString m_unit;
-    QString m_version;
+    XmlText m_unit;
+    XmlText m_version;
     double m_decibel;
 };
 

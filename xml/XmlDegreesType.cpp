@@ -5,14 +5,14 @@
 namespace KelXml {
 
 namespace {
-const QString unitWord = QString(QChar(0x00B0)); // the degree sign
+const XmlText unitWord = QString(QChar(0x00B0)); // the degree sign
 const double defaultDegrees = -0.0;
 } // namespace
 
 XmlDegreesType::XmlDegreesType()
     : XmlElementBase(QStringLiteral("XmlDegreesType"))
     , m_unit(unitWord)
-    , m_version(XmlKit::defaultVersion)
+    , m_version(XmlKit::defaultVersionText)
     , m_degrees(defaultDegrees)
 {}
 
@@ -40,7 +40,7 @@ void XmlDegreesType::checkContent(XmlChecks& checks) const
 void XmlDegreesType::reset()
 {
     m_unit = unitWord;
-    m_version = XmlKit::defaultVersion;
+    m_version = XmlKit::defaultVersionText;
     m_degrees = defaultDegrees;
     XmlElementBase::reset();
 }

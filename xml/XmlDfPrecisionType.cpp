@@ -5,14 +5,14 @@
 namespace KelXml {
 
 namespace {
-const QString defaultUnit = QString(QChar(0x00B0)); // the degree sign
+const XmlText defaultUnit = QString(QChar(0x00B0)); // the degree sign
 const int notSet = -2;
 } // namespace
 
 XmlDfPrecisionType::XmlDfPrecisionType()
     : XmlElementBase(QStringLiteral("XmlDfPrecisionType"))
     , m_unit(defaultUnit)
-    , m_version(XmlKit::defaultVersion)
+    , m_version(XmlKit::defaultVersionText)
     , m_precision(notSet)
 {}
 
@@ -41,7 +41,7 @@ void XmlDfPrecisionType::checkContent(XmlChecks& checks) const
 void XmlDfPrecisionType::reset()
 {
     m_unit = defaultUnit;
-    m_version = XmlKit::defaultVersion;
+    m_version = XmlKit::defaultVersionText;
     m_precision = notSet;
     XmlElementBase::reset();
 }

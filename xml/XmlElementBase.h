@@ -1,6 +1,7 @@
 #pragma once
 
 #include "IXmlElement.h"
+#include "XmlText.h"
 
 #include <QList>
 #include <QString>

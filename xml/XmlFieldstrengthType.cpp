@@ -5,7 +5,7 @@
 namespace KelXml {
 
 namespace {
-const QString defaultUnit = QStringLiteral("dBm");
+const XmlText defaultUnit = QStringLiteral("dBm");
 const double defaultFieldstrength = -99999.999;
 // Just above the default, so that a default field strength is invalid.
 const double lowestFieldstrength = -99999.989;
@@ -14,7 +14,7 @@ const double lowestFieldstrength = -99999.989;
 XmlFieldstrengthType::XmlFieldstrengthType()
     : XmlElementBase(QStringLiteral("XmlFieldstrengthType"))
     , m_unit(defaultUnit)
-    , m_version(XmlKit::defaultVersion)
+    , m_version(XmlKit::defaultVersionText)
     , m_fieldstrength(defaultFieldstrength)
 {}
 
@@ -44,7 +44,7 @@ void XmlFieldstrengthType::checkContent(XmlChecks& checks) const
 void XmlFieldstrengthType::reset()
 {
     m_unit = defaultUnit;
-    m_version = XmlKit::defaultVersion;
+    m_version = XmlKit::defaultVersionText;
     m_fieldstrength = defaultFieldstrength;
     XmlElementBase::reset();
 }

@@ -7,7 +7,7 @@ namespace KelXml {
 namespace {
 const QString hz = QStringLiteral("Hz");
 const QString khz = QStringLiteral("kHz");
-const QString mhz = QStringLiteral("MHz");
+const XmlText mhz = QStringLiteral("MHz");
 const QString ghz = QStringLiteral("GHz");
 const double defaultFrequency = -9.9;
 } // namespace
@@ -15,7 +15,7 @@ const double defaultFrequency = -9.9;
 XmlFreqType::XmlFreqType()
     : XmlElementBase(QStringLiteral("XmlFreqType"))
     , m_unit(mhz)
-    , m_version(XmlKit::defaultVersion)
+    , m_version(XmlKit::defaultVersionText)
     , m_frequency(defaultFrequency)
 {}
 
@@ -65,7 +65,7 @@ void XmlFreqType::checkContent(XmlChecks& checks) const
 void XmlFreqType::reset()
 {
     m_unit = mhz;
-    m_version = XmlKit::defaultVersion;
+    m_version = XmlKit::defaultVersionText;
     m_frequency = defaultFrequency;
     XmlElementBase::reset();
 }

@@ -14,6 +14,7 @@ namespace XmlKit {
 const QString versionAttribute = QStringLiteral("version");
 const QString unitAttribute = QStringLiteral("unit");
 const QString defaultVersion = QStringLiteral("1.0");
+const XmlText defaultVersionText = defaultVersion;
 
 QString formatDateTime(const QDateTime& dateTime)
 {
@@ -313,23 +314,23 @@ bool XmlElementReader::atStartTag()
     return false;
 }
 
-bool XmlElementReader::begin(QString& version)
+bool XmlElementReader::begin(XmlText& version)
 {
-    version = XmlKit::defaultVersion;
+    version = XmlKit::defaultVersionText;
     if (!atStartTag())
         return false;
     readVersion(version);
     return !failed();
 }
 
-void XmlElementReader::readVersion(QString& version) const
+void XmlElementReader::readVersion(XmlText& version) const
 {
     const auto value = m_reader.attributes().value(XmlKit::versionAttribute);
-    // The usual version shares the library's one string instead of a copy.
+    // The usual version is the library's own text; others share when they repeat.
     if (value == XmlKit::defaultVersion)
-        version = XmlKit::defaultVersion;
+        version = XmlKit::defaultVersionText;
     else if (!value.isEmpty())
-        version = value.toString();
+        version.assign(value);
 }
 
 bool XmlElementReader::readRequired(const QString& attribute, QString& value)
@@ -340,6 +341,17 @@ bool XmlElementReader::readRequired(const QString& attribute, QString& value)
         return false;
     }
     value = XmlKit::sharedText(found);
+    return true;
+}
+
+bool XmlElementReader::readRequired(const QString& attribute, XmlText& value)
+{
+    const auto found = m_reader.attributes().value(attribute);
+    if (found.isEmpty()) {
+        fail(missingAttribute.arg(attribute));
+        return false;
+    }
+    value.assign(found);
     return true;
 }
 

@@ -25,9 +25,10 @@ namespace KelXml {
 namespace XmlKit {
 
 // Names and values that the whole vocabulary shares.
-KELXML_EXPORT extern const QString versionAttribute; // "version"
-KELXML_EXPORT extern const QString unitAttribute;    // "unit"
-KELXML_EXPORT extern const QString defaultVersion;   // "1.0", the only supported version
+KELXML_EXPORT extern const QString versionAttribute;   // "version"
+KELXML_EXPORT extern const QString unitAttribute;      // "unit"
+KELXML_EXPORT extern const QString defaultVersion;     // "1.0", the only supported version
+KELXML_EXPORT extern const XmlText defaultVersionText; // the same, for the elements to share
 
 // Equal texts, compared in place: quick for the short words (versions,
 // units) that every element checks, and at once when both share one string.
@@ -252,12 +253,13 @@ public:
     bool atStartTag();
     // The common opening: the version becomes "1.0", the position is checked
     // and a non-empty version attribute is taken. False after an error.
-    bool begin(QString& version);
+    bool begin(XmlText& version);
     // Takes a non-empty version attribute of the current start tag.
-    void readVersion(QString& version) const;
+    void readVersion(XmlText& version) const;
     // Takes a required attribute; absent or empty raises
     // "Missing attribute: \"<name>\"" and leaves the value as it was.
     bool readRequired(const QString& attribute, QString& value);
+    bool readRequired(const QString& attribute, XmlText& value);
     // Raises "Illegal attribute value in \"<attribute>\"".
     void failAttribute(const QString& attribute);
     // An enumeration attribute of the current start tag, read whether present

@@ -340,7 +340,7 @@ void XmlLayout::resetChildren(XmlComposite& owner) const
 
 XmlComposite::XmlComposite(const XmlLayout& layout)
     : XmlElementBase(layout.classname())
-    , m_version(XmlKit::defaultVersion)
+    , m_version(XmlKit::defaultVersionText)
     , m_layout(&layout)
 {}
 
@@ -357,7 +357,7 @@ void XmlComposite::produceXml(QXmlStreamWriter& writer, const QString& elementNa
 void XmlComposite::reset()
 {
     m_layout->resetChildren(*this);
-    m_version = XmlKit::defaultVersion;
+    m_version = XmlKit::defaultVersionText;
     XmlElementBase::reset();
 }
 

@@ -5,7 +5,7 @@
 namespace KelXml {
 
 namespace {
-const QString defaultUnit = QStringLiteral("m");
+const XmlText defaultUnit = QStringLiteral("m");
 const int defaultLength = 0;
 const QString illegalUnit = QStringLiteral("Illegal unit (must be \"%1\").").arg(defaultUnit);
 } // namespace
@@ -13,7 +13,7 @@ const QString illegalUnit = QStringLiteral("Illegal unit (must be \"%1\").").arg
 XmlLengthType::XmlLengthType()
     : XmlElementBase(QStringLiteral("XmlLengthType"))
     , m_unit(defaultUnit)
-    , m_version(XmlKit::defaultVersion)
+    , m_version(XmlKit::defaultVersionText)
     , m_length(defaultLength)
 {}
 
@@ -39,7 +39,7 @@ void XmlLengthType::checkContent(XmlChecks& checks) const
 void XmlLengthType::reset()
 {
     m_unit = defaultUnit;
-    m_version = XmlKit::defaultVersion;
+    m_version = XmlKit::defaultVersionText;
     m_length = defaultLength;
     XmlElementBase::reset();
 }

@@ -46,7 +46,7 @@ private:
     bool supportsVersion() const;
 
     XmlOwnedList<T> m_members;
-    QString m_version;
+    XmlText m_version;
     const XmlListShape* m_shape;
 };
 

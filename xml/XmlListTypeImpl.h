@@ -11,7 +11,7 @@ namespace KelXml {
 template <class T>
 XmlListType<T>::XmlListType(const XmlListShape& shape)
     : XmlElementBase(shape.classname)
-    , m_version(XmlKit::defaultVersion)
+    , m_version(XmlKit::defaultVersionText)
     , m_shape(&shape)
 {}
 
@@ -46,7 +46,7 @@ template <class T>
 void XmlListType<T>::reset()
 {
     m_members.clear();
-    m_version = XmlKit::defaultVersion;
+    m_version = XmlKit::defaultVersionText;
     XmlElementBase::reset();
 }
 

@@ -13,7 +13,7 @@ XmlMapType::XmlMapType()
     : XmlElementBase(QStringLiteral("XmlMapType"))
     , m_key(XmlOwnedPtr<XmlKeyType>::make())
     , m_value(XmlOwnedPtr<XmlLengthType>::make())
-    , m_version(XmlKit::defaultVersion)
+    , m_version(XmlKit::defaultVersionText)
 {}
 
 void XmlMapType::processXml(QXmlStreamReader& reader, const QString& elementName)
@@ -57,7 +57,7 @@ void XmlMapType::reset()
 {
     m_key.reset();
     m_value.reset();
-    m_version = XmlKit::defaultVersion;
+    m_version = XmlKit::defaultVersionText;
     XmlElementBase::reset();
 }
 

@@ -46,7 +46,7 @@ private:
 
     XmlOwnedPtr<XmlKeyType> m_key;
     XmlOwnedPtr<XmlLengthType> m_value;
-    QString m_version;
+    XmlText m_version;
 };
 
 } // namespace KelXml

@@ -5,14 +5,14 @@
 namespace KelXml {
 
 namespace {
-const QString defaultUnit = QStringLiteral("W");
+const XmlText defaultUnit = QStringLiteral("W");
 const double defaultPower = -9.9;
 } // namespace
 
 XmlPowerType::XmlPowerType()
     : XmlElementBase(QStringLiteral("XmlPowerType"))
     , m_unit(defaultUnit)
-    , m_version(XmlKit::defaultVersion)
+    , m_version(XmlKit::defaultVersionText)
     , m_power(defaultPower)
 {}
 
@@ -40,7 +40,7 @@ void XmlPowerType::checkContent(XmlChecks& checks) const
 void XmlPowerType::reset()
 {
     m_unit = defaultUnit;
-    m_version = XmlKit::defaultVersion;
+    m_version = XmlKit::defaultVersionText;
     m_power = defaultPower;
     XmlElementBase::reset();
 }

@@ -12,7 +12,7 @@ const double defaultSinad = 0.0;
 
 XmlSinadType::XmlSinadType()
     : XmlElementBase(QStringLiteral("XmlSinadType"))
-    , m_version(XmlKit::defaultVersion)
+    , m_version(XmlKit::defaultVersionText)
     , m_sinad(defaultSinad)
 {}
 
@@ -39,7 +39,7 @@ void XmlSinadType::checkContent(XmlChecks& checks) const
 
 void XmlSinadType::reset()
 {
-    m_version = XmlKit::defaultVersion;
+    m_version = XmlKit::defaultVersionText;
     m_sinad = defaultSinad;
     XmlElementBase::reset();
 }

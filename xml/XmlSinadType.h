@@ -27,7 +27,7 @@ protected:
 private:
     bool supportsVersion() const;
 
-    QString m_version;
+    XmlText m_version;
     double m_sinad;
 };
 

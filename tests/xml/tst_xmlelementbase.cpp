@@ -5,6 +5,9 @@
 
 #include <QtTest>
 
+#include <memory>
+#include <vector>
+
 using namespace KelXml;
 using KelXmlTest::located;
 
@@ -13,6 +16,19 @@ namespace {
 // A pair whose accumulated text can be looked at without recomputing it.
 struct PairProbe : XmlFreqThrPairType
 {
+    using XmlElementBase::mySyntaxError;
+};
+
+// An element named at run time, from a string that dies before the element.
+struct NamedProbe : XmlElementBase
+{
+    explicit NamedProbe(int n)
+        : XmlElementBase(QStringLiteral("Probe") + QString::number(n))
+    {}
+    void processXml(QXmlStreamReader&, const QString&) override {}
+    void produceXml(QXmlStreamWriter&, const QString&) const override {}
+    using XmlElementBase::addSyntaxError;
+    using XmlElementBase::classname;
     using XmlElementBase::mySyntaxError;
 };
 
@@ -82,6 +98,29 @@ private slots:
         QVERIFY(pair.mySyntaxError().isNull());
         static_cast<XmlFreqThrPairType&>(pair) = copy;
         QCOMPARE(pair.mySyntaxError(), report);
+    }
+
+    // The class name is kept whatever string it came from, and each object
+    // keeps its own report.
+    void namesFromTemporaryStrings()
+    {
+        std::vector<std::unique_ptr<NamedProbe>> probes;
+        for (int n = 0; n < 300; ++n)
+            probes.emplace_back(new NamedProbe(n % 100));
+        for (int n = 0; n < 300; ++n) {
+            QCOMPARE(probes[n]->classname(), QStringLiteral("Probe%1").arg(n % 100));
+            if (n % 2)
+                probes[n]->addSyntaxError(QStringLiteral("fault %1").arg(n));
+        }
+        const NamedProbe copy(*probes[3]);
+        probes[3]->reset();
+        QCOMPARE(probes[3]->syntaxError(), QString());
+        QCOMPARE(probes[3]->classname(), QStringLiteral("Probe3"));
+        QCOMPARE(copy.classname(), QStringLiteral("Probe3"));
+        QCOMPARE(copy.mySyntaxError(),
+                 QStringLiteral("+++ in Probe3 Begin:\nfault 3\n--- in Probe3 End"));
+        QCOMPARE(probes[5]->mySyntaxError(),
+                 QStringLiteral("+++ in Probe5 Begin:\nfault 5\n--- in Probe5 End"));
     }
 };
 

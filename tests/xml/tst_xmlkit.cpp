@@ -11,6 +11,8 @@
 
 #include <QtTest>
 
+#include <vector>
+
 using namespace KelXml;
 
 namespace {
@@ -24,7 +26,7 @@ public:
         : XmlElementBase(QStringLiteral("XmlExampleType"))
         , m_name(XmlOwnedPtr<XmlObjNameType>::make())
         , m_frequency(XmlOwnedPtr<XmlFreqType>::make())
-        , m_version(XmlKit::defaultVersion)
+        , m_version(XmlKit::defaultVersionText)
     {}
 
     void processXml(QXmlStreamReader& reader, const QString& elementName) override
@@ -52,14 +54,14 @@ public:
         m_name->reset();
         m_frequency->reset();
         m_gains.clear();
-        m_version = XmlKit::defaultVersion;
+        m_version = XmlKit::defaultVersionText;
         XmlElementBase::reset();
     }
 
     XmlOwnedPtr<XmlObjNameType> m_name;
     XmlOwnedPtr<XmlFreqType> m_frequency;
     XmlOwnedList<XmlDecibelType> m_gains;
-    QString m_version;
+    XmlText m_version;
 
 protected:
     void checkContent(XmlChecks& checks) const override
@@ -142,7 +144,8 @@ private slots:
         const QDateTime local(QDate(2021, 3, 4), QTime(5, 6, 7, 890));
         QCOMPARE(XmlKit::formatDateTime(local), QStringLiteral("2021-03-04T05:06:07"));
         QCOMPARE(XmlKit::formatDateTime(QDateTime()), QString());
-        QCOMPARE(XmlKit::parseDateTime(QStringLiteral("2021-03-04T05:06:07")), local.addMSecs(-890));
+        QCOMPARE(XmlKit::parseDateTime(QStringLiteral("2021-03-04T05:06:07")),
+                 local.addMSecs(-890));
         QVERIFY(!XmlKit::parseDateTime(QStringLiteral("2020-13-01T00:00:00")).isValid());
     }
 
@@ -161,6 +164,46 @@ private slots:
         QCOMPARE(copy->frequency_MHz(), 7.0);
         copy = XmlOwnedPtr<XmlFreqType>(); // source absent: the child goes
         QVERIFY(!copy);
+    }
+
+    // Shared texts: null and empty stay apart, repeated short texts share one
+    // string, copies and moves are values, and once the shared table is full
+    // new texts are still held exactly.
+    void sharedTexts()
+    {
+        QVERIFY(XmlText().toString().isNull());
+        XmlText empty;
+        empty.assign(QStringView(u""));
+        QVERIFY(!empty.toString().isNull() && empty.isEmpty());
+        XmlText fromEmpty = QStringLiteral("");
+        QVERIFY(!fromEmpty.toString().isNull());
+
+        XmlText a;
+        XmlText b;
+        a.assign(u"MHz");
+        b = QString::fromLatin1("MHz");
+        QCOMPARE(a.toString().constData(), b.toString().constData());
+
+        XmlText copy(a);
+        a.assign(u"GHz");
+        QCOMPARE(copy.toString(), QStringLiteral("MHz"));
+        XmlText moved(std::move(copy));
+        QCOMPARE(moved.toString(), QStringLiteral("MHz"));
+        const XmlText& same = moved;
+        moved = same;
+        QCOMPARE(moved.toString(), QStringLiteral("MHz"));
+
+        std::vector<XmlText> many(2000);
+        for (int i = 0; i < 2000; ++i)
+            many[size_t(i)].assign(QStringLiteral("w%1").arg(i));
+        const std::vector<XmlText> copies = many;
+        many.clear();
+        for (int i = 0; i < 2000; ++i)
+            QCOMPARE(copies[size_t(i)].toString(), QStringLiteral("w%1").arg(i));
+        const QString longText(100, QLatin1Char('x'));
+        XmlText held = longText;
+        held.clear();
+        QVERIFY(held.toString().isNull());
     }
 };
 

@@ -17,7 +17,7 @@ QString formatted(double value)
 
 XmlGridValuesType::XmlGridValuesType()
     : XmlElementBase(QStringLiteral("XmlGridValuesType"))
-    , m_version(XmlKit::defaultVersion)
+    , m_version(XmlKit::defaultVersionText)
     , m_min(0.0)
     , m_max(0.0)
 {}
@@ -107,7 +107,7 @@ void XmlGridValuesType::checkContent(XmlChecks& checks) const
 
 void XmlGridValuesType::reset()
 {
-    m_version = XmlKit::defaultVersion;
+    m_version = XmlKit::defaultVersionText;
     m_unit.clear();
     m_min = 0.0;
     m_max = 0.0;

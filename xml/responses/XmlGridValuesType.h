@@ -37,8 +37,8 @@ protected:
 private:
     bool supportsVersion() const;
 
-    QString m_version;
-    QString m_unit;
+    XmlText m_version;
+    XmlText m_unit;
     double m_min;
     double m_max;
 };

@@ -27,7 +27,7 @@ QVector<XmlNumCoordType*> copiesOf(const QVector<XmlNumCoordType*>& vertices)
 
 XmlAreaPolyType::XmlAreaPolyType()
     : XmlElementBase(QStringLiteral("XmlAreaPolyType"))
-    , m_version(XmlKit::defaultVersion)
+    , m_version(XmlKit::defaultVersionText)
 {}
 
 XmlAreaPolyType::XmlAreaPolyType(const XmlAreaPolyType& other)
@@ -83,7 +83,7 @@ void XmlAreaPolyType::produceXml(QXmlStreamWriter& writer, const QString& elemen
 void XmlAreaPolyType::reset()
 {
     deleteVertices();
-    m_version = XmlKit::defaultVersion;
+    m_version = XmlKit::defaultVersionText;
     XmlElementBase::reset();
 }
 

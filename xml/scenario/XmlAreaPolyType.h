@@ -49,7 +49,7 @@ private:
     void insertSorted(XmlNumCoordType* vertex);
     void deleteVertices();
 
-    QString m_version;
+    XmlText m_version;
     QVector<XmlNumCoordType*> m_vertices;
 };
 
