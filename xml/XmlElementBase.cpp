@@ -76,14 +76,9 @@ XmlElementBase::~XmlElementBase()
     dropReport();
 }
 
-XmlElementBase::Report* XmlElementBase::report() const
-{
-    return m_state & reportBit ? reinterpret_cast<Report*>(m_state & ~reportBit) : nullptr;
-}
-
 void XmlElementBase::dropReport()
 {
-    if (Report* mine = report()) {
+    if (Report* mine = report()) { // the lowest bit: see report()
         m_state = quintptr(mine->classname);
         delete mine;
     }

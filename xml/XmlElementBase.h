@@ -54,7 +54,10 @@ private:
     friend class XmlElementReader;
 
     struct Report;
-    Report* report() const;
+    Report* report() const
+    {
+        return m_state & 1 ? reinterpret_cast<Report*>(m_state & ~quintptr(1)) : nullptr;
+    }
     void dropReport();
 
     // One word per element: the class name (a string shared by every object

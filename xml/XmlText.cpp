@@ -3,16 +3,9 @@
 #include <QHash>
 
 #include <array>
-#include <atomic>
 #include <mutex>
 
 namespace KelXml {
-
-struct XmlText::Node
-{
-    std::atomic<int> refs; // negative: the program's shared copy, never freed
-    QString text;
-};
 
 namespace {
 
@@ -117,11 +110,6 @@ void XmlText::clear() noexcept
 {
     release();
     m_node = nodeFor(QStringView(), nullptr);
-}
-
-const QString& XmlText::toString() const noexcept
-{
-    return m_node->text;
 }
 
 void XmlText::release() noexcept

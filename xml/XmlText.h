@@ -5,6 +5,8 @@
 #include <QString>
 #include <QStringView>
 
+#include <atomic>
+
 namespace KelXml {
 
 /// A short text that many elements hold alike, such as a version or a unit
@@ -34,11 +36,15 @@ public:
     /// Makes the text null.
     void clear() noexcept;
     bool isEmpty() const noexcept { return toString().isEmpty(); }
-    const QString& toString() const noexcept;
+    const QString& toString() const noexcept { return m_node->text; }
     operator const QString&() const noexcept { return toString(); } // NOLINT: a QString stand-in
 
 private:
-    struct Node;
+    struct Node
+    {
+        std::atomic<int> refs; // negative: the program's shared copy, never freed
+        QString text;
+    };
     static Node* nodeFor(QStringView text, const QString* whole);
     void release() noexcept;
 
