@@ -34,11 +34,8 @@ void XmlNumCoordType::processXml(QXmlStreamReader& reader, const QString& elemen
 
 void XmlNumCoordType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
 {
-    writer.writeStartElement(elementName);
-    QXmlStreamAttributes attributes;
-    attributes.append(XmlKit::versionAttribute, version());
-    attributes.append(numberAttribute, QString::number(m_number));
-    writer.writeAttributes(attributes);
+    XmlKit::writeStartElement(writer, elementName, version());
+    writer.writeAttribute(numberAttribute, QString::number(m_number));
     produceChildren(writer);
     writer.writeEndElement();
 }

@@ -121,6 +121,11 @@ public:
     /// Appends a default-constructed member and returns it.
     T* appendNew()
     {
+        // Most lists of a message hold a handful of members: those grow one
+        // slot at a time and hold no spare room; longer ones grow as usual.
+        constexpr int exactUpTo = 8;
+        if (m_list.size() < exactUpTo)
+            m_list.reserve(m_list.size() + 1);
         T* member = new T;
         m_list.append(member);
         return member;
