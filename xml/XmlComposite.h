@@ -36,7 +36,8 @@ protected:
 private:
     friend class XmlLayout;
 
-    const XmlLayout* m_layout;
+    // The table this composite was made with (see XmlLayout's identity).
+    const XmlLayout& layout() const;
 };
 
 /// A composite with a version attribute ("1.0", the only supported one).

@@ -70,6 +70,10 @@ XmlElementBase::XmlElementBase(const QString& classname)
     : m_state(quintptr(sharedName(classname)))
 {}
 
+XmlElementBase::XmlElementBase(PermanentName classname)
+    : m_state(quintptr(classname.name))
+{}
+
 XmlElementBase::XmlElementBase(const XmlElementBase& other)
     : IXmlElement(other)
     , m_state(other.m_state)

@@ -34,6 +34,14 @@ public:
     void reset() override;
 
 protected:
+    /// A class name that outlives every object made with it, such as one
+    /// held by a static table: the object refers to it as it is.
+    struct PermanentName
+    {
+        const QString* name;
+    };
+    explicit XmlElementBase(PermanentName classname);
+
     /// Raises a custom error on the reader:
     /// `"in <class> (line <l>, column <c>): <message>."`
     void setReaderError(QXmlStreamReader& reader, const QString& message);

@@ -5,7 +5,7 @@
 namespace KelXml {
 
 XmlEnumElement::XmlEnumElement(const Shape& shape)
-    : XmlElementBase(shape.classname)
+    : XmlElementBase(PermanentName{&shape.classname})
     , m_shape(&shape)
 {}
 

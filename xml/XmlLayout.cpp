@@ -138,7 +138,7 @@ QStringList XmlSeen::among(const QStringList& names) const
 
 XmlLayout::XmlLayout(const char* classname, XmlElementReader::Wording wording, VersionRule version,
                      std::vector<XmlField> fields)
-    : m_classname(QLatin1String(classname))
+    : m_identity(new Identity{QLatin1String(classname), this})
     , m_wording(wording)
     , m_version(version)
     , m_fields(std::move(fields))
@@ -147,7 +147,7 @@ XmlLayout::XmlLayout(const char* classname, XmlElementReader::Wording wording, V
 }
 
 XmlLayout::XmlLayout(const XmlLayout& other)
-    : m_classname(other.m_classname)
+    : m_identity(new Identity{other.classname(), this})
     , m_wording(other.m_wording)
     , m_version(other.m_version)
     , m_positionTest(other.m_positionTest)
@@ -160,7 +160,7 @@ XmlLayout::XmlLayout(const XmlLayout& other)
 XmlLayout& XmlLayout::operator=(const XmlLayout& other)
 {
     if (this != &other) {
-        m_classname = other.m_classname;
+        m_identity->classname = other.classname();
         m_wording = other.m_wording;
         m_version = other.m_version;
         m_positionTest = other.m_positionTest;
@@ -339,24 +339,28 @@ void XmlLayout::resetChildren(XmlComposite& owner) const
 }
 
 XmlComposite::XmlComposite(const XmlLayout& layout)
-    : XmlElementBase(layout.classname())
+    : XmlElementBase(PermanentName{&layout.m_identity->classname})
     , m_version(XmlKit::defaultVersionText)
-    , m_layout(&layout)
 {}
+
+const XmlLayout& XmlComposite::layout() const
+{
+    return XmlLayout::ofName(classname());
+}
 
 void XmlComposite::processXml(QXmlStreamReader& reader, const QString& elementName)
 {
-    m_layout->read(*this, reader, elementName);
+    layout().read(*this, reader, elementName);
 }
 
 void XmlComposite::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
 {
-    m_layout->write(*this, writer, elementName);
+    layout().write(*this, writer, elementName);
 }
 
 void XmlComposite::reset()
 {
-    m_layout->resetChildren(*this);
+    layout().resetChildren(*this);
     m_version = XmlKit::defaultVersionText;
     XmlElementBase::reset();
 }
@@ -369,13 +373,13 @@ void XmlComposite::checkContent(XmlChecks& checks) const
 
 void XmlComposite::checkVersion(XmlChecks& checks) const
 {
-    if (m_layout->versionRule() != XmlLayout::NoVersion)
+    if (layout().versionRule() != XmlLayout::NoVersion)
         checks.version(supportsVersion(), m_version);
 }
 
 void XmlComposite::checkChildren(XmlChecks& checks) const
 {
-    m_layout->checkChildren(*this, checks);
+    layout().checkChildren(*this, checks);
 }
 
 bool XmlComposite::supportsVersion() const

@@ -14,6 +14,8 @@
 
 #include <functional>
 #include <initializer_list>
+#include <memory>
+#include <type_traits>
 #include <vector>
 
 namespace KelXml {
@@ -245,7 +247,7 @@ public:
     // The own end tag also needs this to hold.
     XmlLayout completeWhen(std::function<bool(const XmlSeen&)> complete) const;
 
-    const QString& classname() const { return m_classname; }
+    const QString& classname() const { return m_identity->classname; }
     VersionRule versionRule() const { return m_version; }
 
     // The whole reading of an element: opening, then the children.
@@ -274,6 +276,21 @@ public:
 
 private:
     friend class XmlSeen;
+    friend class XmlComposite;
+
+    // The class name, and the table that owns it: a composite holds no
+    // pointer to its table but finds it from the name its base refers to.
+    struct Identity
+    {
+        QString classname;
+        const XmlLayout* layout;
+    };
+    static_assert(std::is_standard_layout<Identity>::value,
+                  "the name must sit at the start of the identity");
+    static const XmlLayout& ofName(const QString& classname)
+    {
+        return *reinterpret_cast<const Identity*>(&classname)->layout;
+    }
 
     struct Entry
     {
@@ -289,7 +306,7 @@ private:
     int entryIndex(const QString& name) const;
     const Entry* entryFor(QStringView name) const;
 
-    QString m_classname;
+    std::unique_ptr<Identity> m_identity;
     XmlElementReader::Wording m_wording;
     VersionRule m_version;
     bool m_positionTest = true;

@@ -10,7 +10,7 @@ namespace KelXml {
 
 template <class T>
 XmlListType<T>::XmlListType(const XmlListShape& shape)
-    : XmlElementBase(shape.classname)
+    : XmlElementBase(PermanentName{&shape.classname})
     , m_version(XmlKit::defaultVersionText)
     , m_shape(&shape)
 {}

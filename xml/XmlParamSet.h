@@ -34,7 +34,10 @@ protected:
     /// True when the field is unset, or set and neither below low nor above high.
     bool within(int field, double low, double high) const;
     /// True when the field is set and holds this value.
-    bool isSetTo(int field, double value) const { return has(field) && m_values.at(field) == value; }
+    bool isSetTo(int field, double value) const
+    {
+        return has(field) && m_values.at(field) == value;
+    }
 
 private:
     friend class XmlParamTable;

@@ -167,7 +167,7 @@ void XmlParamTable::reset(XmlParamSet& set) const
 }
 
 XmlParamSet::XmlParamSet(const XmlParamTable& table)
-    : XmlElementBase(table.classname())
+    : XmlElementBase(PermanentName{&table.classname()})
     , m_table(&table)
 {
     table.reset(*this);
