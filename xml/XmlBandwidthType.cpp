@@ -5,12 +5,14 @@
 namespace KelXml {
 
 namespace {
+// The name every message of the class carries.
+const QString typeName = QStringLiteral("XmlBandwidthType");
 const XmlText defaultUnit = QStringLiteral("kHz");
 const double defaultBandwidth = -1.0;
 } // namespace
 
 XmlBandwidthType::XmlBandwidthType()
-    : XmlElementBase(QStringLiteral("XmlBandwidthType"))
+    : XmlElementBase(PermanentName{&typeName})
     , m_unit(defaultUnit)
     , m_version(XmlKit::defaultVersionText)
     , m_bandwidth(defaultBandwidth)

@@ -5,13 +5,15 @@
 namespace KelXml {
 
 namespace {
+// The name every message of the class carries.
+const QString typeName = QStringLiteral("XmlCoordinateType");
 const QString longitudeElement = QStringLiteral("Longitude");
 const QString latitudeElement = QStringLiteral("Latitude");
 const double unset = -999.999;
 } // namespace
 
 XmlCoordinateType::XmlCoordinateType()
-    : XmlElementBase(QStringLiteral("XmlCoordinateType"))
+    : XmlElementBase(PermanentName{&typeName})
     , m_longitude(unset)
     , m_latitude(unset)
     , m_version(XmlKit::defaultVersionText)

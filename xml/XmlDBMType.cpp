@@ -7,12 +7,14 @@
 namespace KelXml {
 
 namespace {
+// The name every message of the class carries.
+const QString typeName = QStringLiteral("XmlDBMType");
 const XmlText unitWord = QStringLiteral("dBm");
 const double defaultDBm = -110.0;
 } // namespace
 
 XmlDBMType::XmlDBMType()
-    : XmlElementBase(QStringLiteral("XmlDBMType"))
+    : XmlElementBase(PermanentName{&typeName})
     , m_unit(unitWord)
     , m_version(XmlKit::defaultVersionText)
     , m_dBm(defaultDBm)

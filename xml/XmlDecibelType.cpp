@@ -7,12 +7,14 @@
 namespace KelXml {
 
 namespace {
+// The name every message of the class carries.
+const QString typeName = QStringLiteral("XmlDecibelType");
 const XmlText unitWord = QStringLiteral("dB");
 const double defaultDecibel = -0.0;
 } // namespace
 
 XmlDecibelType::XmlDecibelType()
-    : XmlElementBase(QStringLiteral("XmlDecibelType"))
+    : XmlElementBase(PermanentName{&typeName})
     , m_unit(unitWord)
     , m_version(XmlKit::defaultVersionText)
     , m_decibel(defaultDecibel)

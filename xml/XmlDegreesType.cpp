@@ -5,12 +5,14 @@
 namespace KelXml {
 
 namespace {
+// The name every message of the class carries.
+const QString typeName = QStringLiteral("XmlDegreesType");
 const XmlText unitWord = QString(QChar(0x00B0)); // the degree sign
 const double defaultDegrees = -0.0;
 } // namespace
 
 XmlDegreesType::XmlDegreesType()
-    : XmlElementBase(QStringLiteral("XmlDegreesType"))
+    : XmlElementBase(PermanentName{&typeName})
     , m_unit(unitWord)
     , m_version(XmlKit::defaultVersionText)
     , m_degrees(defaultDegrees)

@@ -5,12 +5,14 @@
 namespace KelXml {
 
 namespace {
+// The name every message of the class carries.
+const QString typeName = QStringLiteral("XmlDfPrecisionType");
 const XmlText defaultUnit = QString(QChar(0x00B0)); // the degree sign
 const int notSet = -2;
 } // namespace
 
 XmlDfPrecisionType::XmlDfPrecisionType()
-    : XmlElementBase(QStringLiteral("XmlDfPrecisionType"))
+    : XmlElementBase(PermanentName{&typeName})
     , m_unit(defaultUnit)
     , m_version(XmlKit::defaultVersionText)
     , m_precision(notSet)

@@ -5,6 +5,8 @@
 namespace KelXml {
 
 namespace {
+// The name every message of the class carries.
+const QString typeName = QStringLiteral("XmlFieldstrengthType");
 const XmlText defaultUnit = QStringLiteral("dBm");
 const double defaultFieldstrength = -99999.999;
 // Just above the default, so that a default field strength is invalid.
@@ -12,7 +14,7 @@ const double lowestFieldstrength = -99999.989;
 } // namespace
 
 XmlFieldstrengthType::XmlFieldstrengthType()
-    : XmlElementBase(QStringLiteral("XmlFieldstrengthType"))
+    : XmlElementBase(PermanentName{&typeName})
     , m_unit(defaultUnit)
     , m_version(XmlKit::defaultVersionText)
     , m_fieldstrength(defaultFieldstrength)

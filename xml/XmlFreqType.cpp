@@ -5,6 +5,8 @@
 namespace KelXml {
 
 namespace {
+// The name every message of the class carries.
+const QString typeName = QStringLiteral("XmlFreqType");
 const QString hz = QStringLiteral("Hz");
 const QString khz = QStringLiteral("kHz");
 const XmlText mhz = QStringLiteral("MHz");
@@ -13,7 +15,7 @@ const double defaultFrequency = -9.9;
 } // namespace
 
 XmlFreqType::XmlFreqType()
-    : XmlElementBase(QStringLiteral("XmlFreqType"))
+    : XmlElementBase(PermanentName{&typeName})
     , m_unit(mhz)
     , m_version(XmlKit::defaultVersionText)
     , m_frequency(defaultFrequency)

@@ -4,8 +4,13 @@
 
 namespace KelXml {
 
+namespace {
+// The name every message of the class carries.
+const QString typeName = QStringLiteral("XmlKeyType");
+} // namespace
+
 XmlKeyType::XmlKeyType()
-    : XmlElementBase(QStringLiteral("XmlKeyType"))
+    : XmlElementBase(PermanentName{&typeName})
     , m_key(0)
 {}
 

@@ -5,13 +5,15 @@
 namespace KelXml {
 
 namespace {
+// The name every message of the class carries.
+const QString typeName = QStringLiteral("XmlLengthType");
 const XmlText defaultUnit = QStringLiteral("m");
 const int defaultLength = 0;
 const QString illegalUnit = QStringLiteral("Illegal unit (must be \"%1\").").arg(defaultUnit);
 } // namespace
 
 XmlLengthType::XmlLengthType()
-    : XmlElementBase(QStringLiteral("XmlLengthType"))
+    : XmlElementBase(PermanentName{&typeName})
     , m_unit(defaultUnit)
     , m_version(XmlKit::defaultVersionText)
     , m_length(defaultLength)

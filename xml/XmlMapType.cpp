@@ -5,12 +5,14 @@
 namespace KelXml {
 
 namespace {
+// The name every message of the class carries.
+const QString typeName = QStringLiteral("XmlMapType");
 const QString keyElement = QStringLiteral("Key");
 const QString valueElement = QStringLiteral("Value");
 } // namespace
 
 XmlMapType::XmlMapType()
-    : XmlElementBase(QStringLiteral("XmlMapType"))
+    : XmlElementBase(PermanentName{&typeName})
     , m_key(XmlOwnedPtr<XmlKeyType>::make())
     , m_value(XmlOwnedPtr<XmlLengthType>::make())
     , m_version(XmlKit::defaultVersionText)

@@ -5,12 +5,14 @@
 namespace KelXml {
 
 namespace {
+// The name every message of the class carries.
+const QString typeName = QStringLiteral("XmlNameAllMultiType");
 const QString allElement = QStringLiteral("All");
 const QString nameElement = QStringLiteral("Name");
 } // namespace
 
 XmlNameAllMultiType::XmlNameAllMultiType()
-    : XmlElementBase(QStringLiteral("XmlNameAllMultiType"))
+    : XmlElementBase(PermanentName{&typeName})
     , m_initialized(false)
 {}
 

@@ -5,13 +5,15 @@
 namespace KelXml {
 
 namespace {
+// The name every message of the class carries.
+const QString typeName = QStringLiteral("XmlNameAllType");
 const QString allElement = QStringLiteral("All");
 const QString nameElement = QStringLiteral("Name");
 const QString referenceElement = QStringLiteral("Reference");
 } // namespace
 
 XmlNameAllType::XmlNameAllType()
-    : XmlElementBase(QStringLiteral("XmlNameAllType"))
+    : XmlElementBase(PermanentName{&typeName})
     , m_initialized(false)
 {}
 

@@ -4,8 +4,13 @@
 
 namespace KelXml {
 
+namespace {
+// The name every message of the class carries.
+const QString typeName = QStringLiteral("XmlObjNameType");
+} // namespace
+
 XmlObjNameType::XmlObjNameType()
-    : XmlElementBase(QStringLiteral("XmlObjNameType"))
+    : XmlElementBase(PermanentName{&typeName})
 {}
 
 void XmlObjNameType::processXml(QXmlStreamReader& reader, const QString& elementName)

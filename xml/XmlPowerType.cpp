@@ -5,12 +5,14 @@
 namespace KelXml {
 
 namespace {
+// The name every message of the class carries.
+const QString typeName = QStringLiteral("XmlPowerType");
 const XmlText defaultUnit = QStringLiteral("W");
 const double defaultPower = -9.9;
 } // namespace
 
 XmlPowerType::XmlPowerType()
-    : XmlElementBase(QStringLiteral("XmlPowerType"))
+    : XmlElementBase(PermanentName{&typeName})
     , m_unit(defaultUnit)
     , m_version(XmlKit::defaultVersionText)
     , m_power(defaultPower)

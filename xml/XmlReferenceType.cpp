@@ -4,8 +4,13 @@
 
 namespace KelXml {
 
+namespace {
+// The name every message of the class carries.
+const QString typeName = QStringLiteral("XmlreferenceType");
+} // namespace
+
 XmlReferenceType::XmlReferenceType()
-    : XmlElementBase(QStringLiteral("XmlreferenceType"))
+    : XmlElementBase(PermanentName{&typeName})
 {}
 
 void XmlReferenceType::processXml(QXmlStreamReader& reader, const QString& elementName)

@@ -7,11 +7,13 @@
 namespace KelXml {
 
 namespace {
+// The name every message of the class carries.
+const QString typeName = QStringLiteral("XmlSinadType");
 const double defaultSinad = 0.0;
 } // namespace
 
 XmlSinadType::XmlSinadType()
-    : XmlElementBase(QStringLiteral("XmlSinadType"))
+    : XmlElementBase(PermanentName{&typeName})
     , m_version(XmlKit::defaultVersionText)
     , m_sinad(defaultSinad)
 {}

@@ -5,6 +5,8 @@
 namespace KelXml {
 
 namespace {
+// The name every message of the class carries.
+const QString typeName = QStringLiteral("XmlCmdAdmin");
 
 const QString queryVersionElement = QStringLiteral("QueryVersion");
 const QString referenceElement = QStringLiteral("Reference");
@@ -12,7 +14,7 @@ const QString referenceElement = QStringLiteral("Reference");
 } // namespace
 
 XmlCmdAdmin::XmlCmdAdmin()
-    : XmlElementBase(QStringLiteral("XmlCmdAdmin"))
+    : XmlElementBase(PermanentName{&typeName})
 {}
 
 void XmlCmdAdmin::processXml(QXmlStreamReader& reader, const QString& elementName)

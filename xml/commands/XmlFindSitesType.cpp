@@ -5,6 +5,8 @@
 namespace KelXml {
 
 namespace {
+// The name every message of the class carries.
+const QString typeName = QStringLiteral("XmlFindSitesType");
 const QString knownEmittersElement = QStringLiteral("UseKnownEmitters");
 const QString randomEmittersElement = QStringLiteral("RandomEmitters");
 const QString numberElement = QStringLiteral("Number");
@@ -21,7 +23,7 @@ const int maxRandomEmitters = 500;
 } // namespace
 
 XmlFindSitesType::XmlFindSitesType()
-    : XmlElementBase(QStringLiteral("XmlFindSitesType"))
+    : XmlElementBase(PermanentName{&typeName})
     , m_randNumber(noRandomEmitters)
     , m_randDistri(DistributionUndefined)
 {}

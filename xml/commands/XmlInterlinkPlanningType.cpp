@@ -5,13 +5,15 @@
 namespace KelXml {
 
 namespace {
+// The name every message of the class carries.
+const QString typeName = QStringLiteral("XmlInterlinkPlanningType");
 const QString firstNameElement = QStringLiteral("FirstName");
 const QString secondNameElement = QStringLiteral("SecondName");
 const int maxNameLength = 128;
 } // namespace
 
 XmlInterlinkPlanningType::XmlInterlinkPlanningType()
-    : XmlElementBase(QStringLiteral("XmlInterlinkPlanningType"))
+    : XmlElementBase(PermanentName{&typeName})
 {}
 
 void XmlInterlinkPlanningType::processXml(QXmlStreamReader& reader, const QString& elementName)

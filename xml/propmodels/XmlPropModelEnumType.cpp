@@ -5,6 +5,8 @@
 namespace KelXml {
 
 namespace {
+// The name every message of the class carries.
+const QString typeName = QStringLiteral("XmlPropModelEnumType");
 
 const XmlEnumTexts& modelTexts()
 {
@@ -16,7 +18,7 @@ const XmlEnumTexts& modelTexts()
 } // namespace
 
 XmlPropModelEnumType::XmlPropModelEnumType()
-    : XmlElementBase(QStringLiteral("XmlPropModelEnumType"))
+    : XmlElementBase(PermanentName{&typeName})
 {}
 
 void XmlPropModelEnumType::processXml(QXmlStreamReader& reader, const QString& elementName)

@@ -5,6 +5,8 @@
 namespace KelXml {
 
 namespace {
+// The name every message of the class carries.
+const QString typeName = QStringLiteral("XmlAutoRespType");
 const QString statusAttribute = QStringLiteral("status");
 const QString referenceElement = QStringLiteral("CommandReference");
 const QString errorMessageElement = QStringLiteral("ErrorMessage");
@@ -19,7 +21,7 @@ const XmlEnumTexts statusTexts({{XmlAutoRespType::Fault, "fault"}, {XmlAutoRespT
 } // namespace
 
 XmlAutoRespType::XmlAutoRespType()
-    : XmlElementBase(QStringLiteral("XmlAutoRespType"))
+    : XmlElementBase(PermanentName{&typeName})
     , m_status(StatusUndefined)
 {}
 

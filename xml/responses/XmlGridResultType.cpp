@@ -5,6 +5,8 @@
 namespace KelXml {
 
 namespace {
+// The name every message of the class carries.
+const QString typeName = QStringLiteral("XmlGridResultType");
 using Self = XmlGridResultType;
 
 const QString typeAttribute = QStringLiteral("type");
@@ -47,7 +49,7 @@ IXmlElement* renewed(XmlOwnedPtr<T>& child)
 } // namespace
 
 XmlGridResultType::XmlGridResultType()
-    : XmlElementBase(QStringLiteral("XmlGridResultType"))
+    : XmlElementBase(PermanentName{&typeName})
     , m_type(ResultUndefined)
 {}
 

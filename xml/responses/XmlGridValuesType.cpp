@@ -5,6 +5,8 @@
 namespace KelXml {
 
 namespace {
+// The name every message of the class carries.
+const QString typeName = QStringLiteral("XmlGridValuesType");
 const QString minElement = QStringLiteral("Min");
 const QString maxElement = QStringLiteral("Max");
 const QString missingAttributes = QStringLiteral("Missing mandatory attributes");
@@ -16,7 +18,7 @@ QString formatted(double value)
 } // namespace
 
 XmlGridValuesType::XmlGridValuesType()
-    : XmlElementBase(QStringLiteral("XmlGridValuesType"))
+    : XmlElementBase(PermanentName{&typeName})
     , m_version(XmlKit::defaultVersionText)
     , m_min(0.0)
     , m_max(0.0)

@@ -5,6 +5,8 @@
 namespace KelXml {
 
 namespace {
+// The name every message of the class carries.
+const QString typeName = QStringLiteral("XmlInterlinkResultType");
 const QString parametersElement = QStringLiteral("Parameters");
 const QString resultElement = QStringLiteral("Result");
 const QString textElement = QStringLiteral("Text");
@@ -12,7 +14,7 @@ const QString screenshotElement = QStringLiteral("ScreenshotFilename");
 } // namespace
 
 XmlInterlinkResultType::XmlInterlinkResultType()
-    : XmlElementBase(QStringLiteral("XmlInterlinkResultType"))
+    : XmlElementBase(PermanentName{&typeName})
 {}
 
 void XmlInterlinkResultType::processXml(QXmlStreamReader& reader, const QString& elementName)

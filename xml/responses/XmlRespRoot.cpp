@@ -5,6 +5,8 @@
 namespace KelXml {
 
 namespace {
+// The name every message of the class carries.
+const QString typeName = QStringLiteral("XmlRespRoot");
 const QString typeAttribute = QStringLiteral("type");
 const QString finalAttribute = QStringLiteral("final");
 const QString timestampAttribute = QStringLiteral("timestamp");
@@ -30,7 +32,7 @@ void checkAnnounced(XmlChecks& checks, IXmlElement* announced, bool otherPresent
 } // namespace
 
 XmlRespRoot::XmlRespRoot()
-    : XmlElementBase(QStringLiteral("XmlRespRoot"))
+    : XmlElementBase(PermanentName{&typeName})
     , m_type(Undefined)
     , m_final(true)
     , m_timestamp(QDateTime::currentDateTime())

@@ -5,6 +5,8 @@
 namespace KelXml {
 
 namespace {
+// The name every message of the class carries.
+const QString typeName = QStringLiteral("XmlResultObjectType");
 const QString stationElement = QStringLiteral("Station");
 const QString emitterElement = QStringLiteral("Emitter");
 const QString receiverElement = QStringLiteral("Receiver");
@@ -20,7 +22,7 @@ void readNew(XmlOwnedPtr<T>& child, QXmlStreamReader& reader, const QString& nam
 } // namespace
 
 XmlResultObjectType::XmlResultObjectType()
-    : XmlElementBase(QStringLiteral("XmlResultObjectType"))
+    : XmlElementBase(PermanentName{&typeName})
 {}
 
 void XmlResultObjectType::processXml(QXmlStreamReader& reader, const QString& elementName)

@@ -8,6 +8,8 @@
 namespace KelXml {
 
 namespace {
+// The name every message of the class carries.
+const QString typeName = QStringLiteral("XmlAreaPolyType");
 
 const QString vertexElement = QStringLiteral("Vertex");
 const int minimumVertices = 3;
@@ -26,7 +28,7 @@ QVector<XmlNumCoordType*> copiesOf(const QVector<XmlNumCoordType*>& vertices)
 } // namespace
 
 XmlAreaPolyType::XmlAreaPolyType()
-    : XmlElementBase(QStringLiteral("XmlAreaPolyType"))
+    : XmlElementBase(PermanentName{&typeName})
     , m_version(XmlKit::defaultVersionText)
 {}
 
