@@ -458,11 +458,19 @@ void XmlElementReader::readText(const std::function<void(QStringView text)>& tak
 void XmlElementReader::readEnumText(const XmlEnumTexts& texts, const QString& badValue,
                                     const std::function<void(int value)>& take)
 {
-    readText([&](QStringView text) {
-        const auto value = texts.parse(text);
-        take(value.value_or(0));
+    // One pointer captured, so that the handler needs no allocation.
+    struct Reading
+    {
+        XmlElementReader& in;
+        const XmlEnumTexts& texts;
+        const QString& badValue;
+        const std::function<void(int value)>& take;
+    } reading{*this, texts, badValue, take};
+    readText([&reading](QStringView text) {
+        const auto value = reading.texts.parse(text);
+        reading.take(value.value_or(0));
         if (!value)
-            fail(badValue);
+            reading.in.fail(reading.badValue);
     });
 }
 

@@ -168,9 +168,12 @@ public:
             .repeated();
     }
     // A child holding plain text, taken whole with readElementText().
-    static XmlChild text(const QString& name, std::function<void(const QString&)> take)
+    // Take is called with the text (const QString&); a small one, such as a
+    // lambda capturing one pointer, is held without allocation.
+    template <class Take>
+    static XmlChild text(const QString& name, Take take)
     {
-        return XmlChild(name, [take = std::move(take)](QXmlStreamReader& reader, const QString&) {
+        return XmlChild(name, [take](QXmlStreamReader& reader, const QString&) {
             take(reader.readElementText());
         });
     }

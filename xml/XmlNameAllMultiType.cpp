@@ -33,27 +33,33 @@ void XmlNameAllMultiType::processXml(QXmlStreamReader& reader, const QString& el
     // No position check and no attributes; the names held are kept and the
     // names read are appended. Either "All" or any number of "Name".
     XmlElementReader in(*this, reader, elementName, XmlElementReader::ElementWording);
-    bool sawAll = false;
-    bool sawName = false;
+    // The handlers capture one pointer, so that they need no allocation.
+    struct Reading
+    {
+        XmlNameAllMultiType& self;
+        QXmlStreamReader& reader;
+        bool sawAll = false;
+        bool sawName = false;
+    } r{*this, reader};
     XmlElementReader::Handlers handlers;
-    handlers.start = [&](QStringView name) {
-        if (name == allElement && !sawAll && !sawName) {
-            m_names.clear();
-            sawAll = true;
+    handlers.start = [&r](QStringView name) {
+        if (name == allElement && !r.sawAll && !r.sawName) {
+            r.self.m_names.clear();
+            r.sawAll = true;
             return true;
         }
-        if (name == nameElement && !sawAll) {
-            m_names.appendNew()->processXml(reader, nameElement);
-            sawName = true;
+        if (name == nameElement && !r.sawAll) {
+            r.self.m_names.appendNew()->processXml(r.reader, nameElement);
+            r.sawName = true;
             return true;
         }
         return false;
     };
     handlers.passEnd = [](QStringView name) { return name == allElement; };
-    handlers.mayEnd = [&]() {
-        const bool chosen = sawAll || sawName;
+    handlers.mayEnd = [&r]() {
+        const bool chosen = r.sawAll || r.sawName;
         if (chosen)
-            m_initialized = true;
+            r.self.m_initialized = true;
         return chosen;
     };
     in.run(handlers);
