@@ -6,7 +6,7 @@
 //   kelxml_bench [--no-memory] [--benchmark_filter=REGEX] [other benchmark flags]
 //   kelxml_bench --memory KIND FILE     (internal: one memory measurement)
 //
-// KELXML_BENCH_REPETITIONS sets the repetitions (default 5); the table
+// KELXML_BENCH_REPETITIONS sets the repetitions (default 9); the table
 // compares the fastest repetition of each pass. Times are the thread's CPU
 // time.
 
@@ -603,7 +603,7 @@ int main(int argc, char** argv)
 
     int repetitions = qEnvironmentVariableIntValue("KELXML_BENCH_REPETITIONS");
     if (repetitions <= 0)
-        repetitions = 5;
+        repetitions = 9;
 
     const qint64 kB = 1000;
     const qint64 MB = 1000 * kB;
