@@ -323,32 +323,43 @@ bool XmlElementReader::begin(XmlText& version)
     return !failed();
 }
 
+QStringView XmlElementReader::attribute(const QString& name) const
+{
+    // As QXmlStreamAttributes::value() finds it, compared in place.
+    const QXmlStreamAttributes attributes = m_reader.attributes();
+    for (const QXmlStreamAttribute& each : attributes) {
+        if (XmlKit::sameName(each.qualifiedName(), name))
+            return each.value();
+    }
+    return QStringView();
+}
+
 void XmlElementReader::readVersion(XmlText& version) const
 {
-    const auto value = m_reader.attributes().value(XmlKit::versionAttribute);
+    const QStringView value = attribute(XmlKit::versionAttribute);
     // The usual version is the library's own text; others share when they repeat.
-    if (value == XmlKit::defaultVersion)
+    if (XmlKit::sameName(value, XmlKit::defaultVersion))
         version = XmlKit::defaultVersionText;
     else if (!value.isEmpty())
         version.assign(value);
 }
 
-bool XmlElementReader::readRequired(const QString& attribute, QString& value)
+bool XmlElementReader::readRequired(const QString& name, QString& value)
 {
-    const auto found = m_reader.attributes().value(attribute);
+    const QStringView found = attribute(name);
     if (found.isEmpty()) {
-        fail(missingAttribute.arg(attribute));
+        fail(missingAttribute.arg(name));
         return false;
     }
     value = XmlKit::sharedText(found);
     return true;
 }
 
-bool XmlElementReader::readRequired(const QString& attribute, XmlText& value)
+bool XmlElementReader::readRequired(const QString& name, XmlText& value)
 {
-    const auto found = m_reader.attributes().value(attribute);
+    const QStringView found = attribute(name);
     if (found.isEmpty()) {
-        fail(missingAttribute.arg(attribute));
+        fail(missingAttribute.arg(name));
         return false;
     }
     value.assign(found);
@@ -360,11 +371,11 @@ void XmlElementReader::failAttribute(const QString& attribute)
     fail(illegalAttribute.arg(attribute));
 }
 
-int XmlElementReader::readEnumAttribute(const QString& attribute, const XmlEnumTexts& texts)
+int XmlElementReader::readEnumAttribute(const QString& name, const XmlEnumTexts& texts)
 {
-    const auto value = texts.parse(m_reader.attributes().value(attribute));
+    const auto value = texts.parse(attribute(name));
     if (!value)
-        failAttribute(attribute);
+        failAttribute(name);
     return value.value_or(0);
 }
 

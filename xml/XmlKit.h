@@ -261,14 +261,17 @@ public:
     void readVersion(XmlText& version) const;
     // Takes a required attribute; absent or empty raises
     // "Missing attribute: \"<name>\"" and leaves the value as it was.
-    bool readRequired(const QString& attribute, QString& value);
-    bool readRequired(const QString& attribute, XmlText& value);
+    bool readRequired(const QString& name, QString& value);
+    bool readRequired(const QString& name, XmlText& value);
     // Raises "Illegal attribute value in \"<attribute>\"".
     void failAttribute(const QString& attribute);
     // An enumeration attribute of the current start tag, read whether present
     // or not: a text outside the table (absence included) gives 0 and
     // failAttribute().
-    int readEnumAttribute(const QString& attribute, const XmlEnumTexts& texts);
+    int readEnumAttribute(const QString& name, const XmlEnumTexts& texts);
+    // The value of an attribute of the current start tag; a null view when
+    // absent. Valid until the next token is read.
+    QStringView attribute(const QString& name) const;
     // Raises "Version not supported: <version>" for any version but "1.0".
     bool checkVersion(const QString& version);
 
