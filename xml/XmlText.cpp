@@ -101,6 +101,9 @@ XmlText::~XmlText()
 
 void XmlText::assign(QStringView text)
 {
+    // Reading mostly meets the text already held, such as the default unit.
+    if (m_node->text.isNull() == text.isNull() && QStringView(m_node->text) == text)
+        return;
     Node* node = nodeFor(text, nullptr);
     release();
     m_node = node;
