@@ -11,6 +11,8 @@
 
 #include <QtTest>
 
+#include <atomic>
+#include <thread>
 #include <vector>
 
 using namespace KelXml;
@@ -192,6 +194,23 @@ private slots:
         const XmlText& same = moved;
         moved = same;
         QCOMPARE(moved.toString(), QStringLiteral("MHz"));
+
+        // Threads that fill the shared table at once each keep their own texts.
+        std::vector<std::thread> threads;
+        std::atomic<int> wrong{0};
+        for (int t = 0; t < 4; ++t) {
+            threads.emplace_back([&wrong]() {
+                std::vector<XmlText> mine(500);
+                for (int i = 0; i < 500; ++i)
+                    mine[size_t(i)].assign(QStringLiteral("t%1").arg(i % 300));
+                const std::vector<XmlText> kept = mine;
+                for (int i = 0; i < 500; ++i)
+                    wrong += kept[size_t(i)].toString() != QStringLiteral("t%1").arg(i % 300);
+            });
+        }
+        for (std::thread& thread : threads)
+            thread.join();
+        QCOMPARE(wrong.load(), 0);
 
         std::vector<XmlText> many(2000);
         for (int i = 0; i < 2000; ++i)
