@@ -1,6 +1,5 @@
 #include "XmlKit.h"
 
-#include <QHash>
 #include <QXmlStreamAttributes>
 
 #include <array>
@@ -200,20 +199,6 @@ QString number(double value, char format, int precision)
     return QString::number(value, format, precision);
 }
 
-QString sharedText(QStringView text)
-{
-    constexpr qsizetype longest = 16;
-    if (text.size() > longest)
-        return text.toString();
-    // A small table per thread, indexed by hash: a text that comes back shares
-    // the string made the first time; a collision only replaces the entry.
-    thread_local std::array<QString, 256> recent;
-    QString& entry = recent[qHash(text) % recent.size()];
-    if (entry != text || entry.isNull() != text.isNull())
-        entry = text.toString();
-    return entry;
-}
-
 void writeValueElement(QXmlStreamWriter& writer, const QString& name, const QString& version,
                        const QString& unit, const QString& text)
 {
@@ -351,7 +336,7 @@ bool XmlElementReader::readRequired(const QString& name, QString& value)
         fail(missingAttribute.arg(name));
         return false;
     }
-    value = XmlKit::sharedText(found);
+    value = found.toString();
     return true;
 }
 

@@ -86,11 +86,6 @@ KELXML_EXPORT int toInt(QStringView text, bool* ok);
 // here from the exact binary value; everything else goes to Qt.
 KELXML_EXPORT QString number(double value, char format = 'g', int precision = 6);
 
-// The text as a QString that shares its data with earlier equal texts of this
-// thread when it is short, so that the attribute values and words every
-// element repeats ("1.0", "MHz", "dBm") are held once and not once per element.
-KELXML_EXPORT QString sharedText(QStringView text);
-
 // Writes <name version="..." unit="...">text</name>.
 KELXML_EXPORT void writeValueElement(QXmlStreamWriter& writer, const QString& name,
                                      const QString& version, const QString& unit,
