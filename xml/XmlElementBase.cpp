@@ -2,8 +2,6 @@
 
 #include <QXmlStreamReader>
 
-#include <array>
-#include <atomic>
 #include <mutex>
 #include <unordered_set>
 
@@ -24,44 +22,15 @@ struct NameHash
     size_t operator()(const QString& name) const { return qHash(name); }
 };
 
-// The one shared copy of a class name. Elements are made by the million, so
-// the usual case, a name whose characters were seen before at the same
-// address (a literal, or a string of a static table), is answered from a
-// lock-free table of the addresses seen: a filled slot never changes, and the
-// set keeps every name it was given alive, so an address and a size found
-// there can only hold the same characters. Other names take the lock.
+// The one shared copy of a class name given as any string. The library's own
+// classes pass names with static storage (PermanentName) and never come here.
 const QString* sharedName(const QString& name)
 {
-    static std::array<std::atomic<const QString*>, 512> seen{};
-    constexpr size_t probes = 8;
-    // Fibonacci hashing of the address: the top bits of the product pick the slot.
-    const size_t first =
-        size_t((quint64(quintptr(name.constData())) * 0x9E3779B97F4A7C15ull) >> 55);
-    for (size_t probe = 0; probe < probes; ++probe) {
-        const QString* known = seen[(first + probe) % seen.size()].load(std::memory_order_acquire);
-        if (!known)
-            break;
-        if (known->constData() == name.constData() && known->size() == name.size())
-            return known;
-    }
     static std::mutex mutex;
     // Never destroyed: elements with static storage may outlive any static here.
     static auto* names = new std::unordered_set<QString, NameHash>;
     const std::lock_guard<std::mutex> lock(mutex);
-    const QString* shared = &*names->insert(name).first;
-    if (shared->constData() != name.constData())
-        return shared; // an equal name from elsewhere: its address is the one kept
-    for (size_t probe = 0; probe < probes; ++probe) {
-        std::atomic<const QString*>& slot = seen[(first + probe) % seen.size()];
-        const QString* known = slot.load(std::memory_order_relaxed);
-        if (known == shared)
-            break;
-        if (!known) {
-            slot.store(shared, std::memory_order_release);
-            break;
-        }
-    }
-    return shared;
+    return &*names->insert(name).first;
 }
 
 } // namespace
