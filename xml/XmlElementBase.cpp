@@ -139,35 +139,16 @@ QString XmlElementBase::mySyntaxError() const
 
 void XmlElementBase::checkContent(XmlChecks&) const {}
 
-XmlChecks::XmlChecks() = default;
-
-XmlChecks::XmlChecks(XmlElementBase& element)
-    : m_report(&element)
-{}
-
-void XmlChecks::version(bool supported, const QString& version)
+void XmlChecks::failVersion(const QString& version)
 {
-    if (!supported)
-        fail(QStringLiteral("Version \"%1\" not supported").arg(version));
+    fail(QStringLiteral("Version \"%1\" not supported").arg(version));
 }
 
-void XmlChecks::expect(bool ok, const QString& message)
+void XmlChecks::reportOf(IXmlElement& child)
 {
-    if (!ok)
-        fail(message);
-}
-
-void XmlChecks::child(IXmlElement* child)
-{
-    if (!child)
-        return;
-    if (m_report) {
-        const QString text = child->syntaxError();
-        if (!text.isEmpty())
-            fail(text);
-    } else if (m_passed && !child->isValid()) {
-        m_passed = false;
-    }
+    const QString text = child.syntaxError();
+    if (!text.isEmpty())
+        fail(text);
 }
 
 void XmlChecks::fail(const QString& message)

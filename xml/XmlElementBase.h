@@ -81,19 +81,37 @@ class KELXML_EXPORT XmlChecks
 {
 public:
     /// A verdict only: no message is built.
-    XmlChecks();
+    XmlChecks() = default;
     /// A report: each failure adds its message to the element's text.
-    explicit XmlChecks(XmlElementBase& element);
+    explicit XmlChecks(XmlElementBase& element)
+        : m_report(&element)
+    {}
 
     /// False once a rule has failed.
     bool passed() const { return m_passed; }
 
     /// Fails with `"Version \"<version>\" not supported"` unless supported.
-    void version(bool supported, const QString& version);
+    void version(bool supported, const QString& version)
+    {
+        if (!supported)
+            failVersion(version);
+    }
     /// Fails with the message unless ok holds.
-    void expect(bool ok, const QString& message);
+    void expect(bool ok, const QString& message)
+    {
+        if (!ok)
+            fail(message);
+    }
     /// Takes in a child's verdict or report; a null child is skipped.
-    void child(IXmlElement* child);
+    void child(IXmlElement* child)
+    {
+        if (!child)
+            return;
+        if (m_report)
+            reportOf(*child);
+        else if (m_passed && !child->isValid())
+            m_passed = false;
+    }
     template <class T>
     /// Takes in every child of the list, in order.
     void children(const QList<T*>& list)
@@ -104,6 +122,8 @@ public:
 
 private:
     void fail(const QString& message);
+    void failVersion(const QString& version);
+    void reportOf(IXmlElement& child);
 
     XmlElementBase* m_report = nullptr;
     bool m_passed = true;
