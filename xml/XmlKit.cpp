@@ -392,89 +392,67 @@ std::optional<int> XmlElementReader::parseInt(QStringView text)
     return std::nullopt;
 }
 
-void XmlElementReader::run(const Handlers& handlers)
+void XmlElementReader::refuseStart()
 {
-    while (!m_reader.atEnd() && !m_reader.hasError()) {
-        switch (m_reader.readNext()) {
-        case QXmlStreamReader::Invalid:
-            if (!m_reader.hasError())
-                fail(invalidToken);
-            break;
-        case QXmlStreamReader::StartDocument:
-            fail(unexpectedStartDocument);
-            break;
-        case QXmlStreamReader::EndDocument:
-            fail(unexpectedEndDocument);
-            break;
-        case QXmlStreamReader::StartElement: {
-            if (handlers.start && handlers.start(m_reader.name()))
-                break;
-            switch (m_wording) {
-            case TextWording:
-                fail(unexpectedStartElement);
-                break;
-            case ElementWording:
-                fail(unexpectedElement.arg(m_reader.name().toString()));
-                break;
-            case NamedWording:
-                fail(namedToken.arg(unexpectedStartElement, m_reader.name().toString()));
-                break;
-            }
-            break;
-        }
-        case QXmlStreamReader::EndElement: {
-            const QStringView name = m_reader.name();
-            if (XmlKit::sameName(name, m_elementName)) {
-                if (!handlers.mayEnd || handlers.mayEnd())
-                    return;
-            } else if (handlers.passEnd && handlers.passEnd(name)) {
-                break;
-            }
-            fail(m_wording == NamedWording ? namedToken.arg(unexpectedEndElement, name.toString())
-                                           : unexpectedEndElement);
-            break;
-        }
-        case QXmlStreamReader::Characters:
-            if (handlers.text)
-                handlers.text(m_reader.text());
-            break;
-        default:
-            break;
-        }
+    switch (m_wording) {
+    case TextWording:
+        fail(unexpectedStartElement);
+        break;
+    case ElementWording:
+        fail(unexpectedElement.arg(m_reader.name().toString()));
+        break;
+    case NamedWording:
+        fail(namedToken.arg(unexpectedStartElement, m_reader.name().toString()));
+        break;
     }
 }
 
-void XmlElementReader::readText(const std::function<void(QStringView text)>& take)
+void XmlElementReader::refuseEnd(QStringView name)
 {
-    Handlers handlers;
-    handlers.text = take;
-    run(handlers);
+    fail(m_wording == NamedWording ? namedToken.arg(unexpectedEndElement, name.toString())
+                                   : unexpectedEndElement);
 }
 
-void XmlElementReader::readEnumText(const XmlEnumTexts& texts, const QString& badValue,
-                                    const std::function<void(int value)>& take)
+void XmlElementReader::otherToken(QXmlStreamReader::TokenType type)
 {
-    // One pointer captured, so that the handler needs no allocation.
-    struct Reading
+    switch (type) {
+    case QXmlStreamReader::Invalid:
+        if (!m_reader.hasError())
+            fail(invalidToken);
+        break;
+    case QXmlStreamReader::StartDocument:
+        fail(unexpectedStartDocument);
+        break;
+    case QXmlStreamReader::EndDocument:
+        fail(unexpectedEndDocument);
+        break;
+    default: // comments, processing instructions, DTDs, entity references
+        break;
+    }
+}
+
+void XmlElementReader::run(const Handlers& handlers)
+{
+    struct Functions : Tokens
     {
-        XmlElementReader& in;
-        const XmlEnumTexts& texts;
-        const QString& badValue;
-        const std::function<void(int value)>& take;
-    } reading{*this, texts, badValue, take};
-    readText([&reading](QStringView text) {
-        const auto value = reading.texts.parse(text);
-        reading.take(value.value_or(0));
-        if (!value)
-            reading.in.fail(reading.badValue);
-    });
+        const Handlers& handlers;
+        bool start(QStringView name) { return handlers.start && handlers.start(name); }
+        bool mayEnd() { return !handlers.mayEnd || handlers.mayEnd(); }
+        bool passEnd(QStringView name) { return handlers.passEnd && handlers.passEnd(name); }
+        void text(QStringView text)
+        {
+            if (handlers.text)
+                handlers.text(text);
+        }
+    } tokens{{}, handlers};
+    loop(tokens);
 }
 
 void XmlElementReader::readChildren(std::initializer_list<XmlChild> children,
                                     const std::function<bool()>& complete)
 {
-    // The handlers capture one pointer, so that they need no allocation.
-    struct Reading
+    Q_ASSERT(children.size() <= 64);
+    struct Children : Tokens
     {
         XmlElementReader& in;
         const XmlChild* children;
@@ -482,33 +460,33 @@ void XmlElementReader::readChildren(std::initializer_list<XmlChild> children,
         const std::function<bool()>& complete;
         quint64 seen; // one bit per child
         int last;
-    } reading{*this, children.begin(), children.size(), complete, 0, -1};
-    Q_ASSERT(children.size() <= 64);
 
-    Handlers handlers;
-    handlers.start = [&reading](QStringView name) {
-        for (size_t i = 0; i < reading.count; ++i) {
-            const XmlChild& child = reading.children[i];
-            if (!XmlKit::sameName(child.name(), name))
-                continue;
-            const int index = int(i);
-            if (index < reading.last || (index == reading.last && !child.isRepeated()))
-                return false;
-            child.read(reading.in.m_reader);
-            reading.seen |= quint64(1) << i;
-            reading.last = index;
-            return true;
+        bool start(QStringView name)
+        {
+            for (size_t i = 0; i < count; ++i) {
+                const XmlChild& child = children[i];
+                if (!XmlKit::sameName(child.name(), name))
+                    continue;
+                const int index = int(i);
+                if (index < last || (index == last && !child.isRepeated()))
+                    return false;
+                child.read(in.m_reader);
+                seen |= quint64(1) << i;
+                last = index;
+                return true;
+            }
+            return false;
         }
-        return false;
-    };
-    handlers.mayEnd = [&reading]() {
-        for (size_t i = 0; i < reading.count; ++i) {
-            if (reading.children[i].isRequired() && !(reading.seen & (quint64(1) << i)))
-                return false;
+        bool mayEnd()
+        {
+            for (size_t i = 0; i < count; ++i) {
+                if (children[i].isRequired() && !(seen & (quint64(1) << i)))
+                    return false;
+            }
+            return !complete || complete();
         }
-        return !reading.complete || reading.complete();
-    };
-    run(handlers);
+    } tokens{{}, *this, children.begin(), children.size(), complete, 0, -1};
+    loop(tokens);
 }
 
 } // namespace KelXml

@@ -216,20 +216,31 @@ public:
         NamedWording,
     };
 
-    // What a class does with the tokens of its element. Unset handlers refuse
-    // every start tag, end on the own end tag, refuse foreign end tags and
-    // ignore character data.
+    // What a class does with the tokens of its element, as a type whose
+    // members loop() calls directly. A class derives from Tokens and hides
+    // the members it needs; the others keep these defaults: every start tag
+    // is refused, the own end tag ends the element, foreign end tags are
+    // refused and character data is ignored. Names and texts view the
+    // reader's buffer: valid until the next token is read.
+    struct Tokens
+    {
+        // A start tag inside the element; true when it was taken.
+        bool start(QStringView /*name*/) { return false; }
+        // The element's own end tag; true when the element may end here.
+        bool mayEnd() { return true; }
+        // An end tag of another name; true when it passes silently.
+        bool passEnd(QStringView /*name*/) { return false; }
+        // Character data, whitespace included.
+        void text(QStringView /*text*/) {}
+    };
+
+    // The same as functions, for a class whose reading is easier to state
+    // with lambdas than with a Tokens type. Unset handlers keep the defaults.
     struct Handlers
     {
-        // A start tag inside the element; true when it was taken. The name
-        // (and the text below) views the reader's buffer: valid until the
-        // next token is read.
         std::function<bool(QStringView name)> start;
-        // The element's own end tag; true when the element may end here.
         std::function<bool()> mayEnd;
-        // An end tag of another name; true when it passes silently.
         std::function<bool(QStringView name)> passEnd;
-        // Character data, whitespace included.
         std::function<void(QStringView text)> text;
     };
 
@@ -280,16 +291,37 @@ public:
     }
     int toInt(QStringView text, int fallback) { return parseInt(text).value_or(fallback); }
 
-    // The token loop, up to and including the element's end tag.
+    // The token loop, up to and including the element's end tag, with the
+    // class's Tokens type: its members are called without indirection.
+    template <class T>
+    void loop(T& tokens);
+    // The same loop with handlers given as functions.
     void run(const Handlers& handlers);
     // The loop of a text-valued element: every start tag is refused and each
-    // piece of character data is handed over.
-    void readText(const std::function<void(QStringView text)>& take);
+    // piece of character data is handed to take(QStringView).
+    template <class Take>
+    void readText(Take take)
+    {
+        struct Text : Tokens
+        {
+            Take& take;
+            void text(QStringView text) { take(text); }
+        } tokens{{}, take};
+        loop(tokens);
+    }
     // The loop of a text element holding an enumeration: each piece of
     // character data must match one of the texts exactly; otherwise the value
-    // becomes 0 and badValue is raised.
-    void readEnumText(const XmlEnumTexts& texts, const QString& badValue,
-                      const std::function<void(int value)>& take);
+    // becomes 0 and badValue is raised. take(int) receives the value.
+    template <class Take>
+    void readEnumText(const XmlEnumTexts& texts, const QString& badValue, Take take)
+    {
+        readText([&](QStringView text) {
+            const auto value = texts.parse(text);
+            take(value.value_or(0));
+            if (!value)
+                fail(badValue);
+        });
+    }
     // The loop of an element with children in a fixed order: a child is taken
     // at most once (unless repeated) and only while no later child has been
     // read; the own end tag ends the element once every required child has
@@ -300,10 +332,40 @@ public:
                       const std::function<bool()>& complete = {});
 
 private:
+    // The loop's messages, out of its way.
+    void refuseStart();
+    void refuseEnd(QStringView name);
+    void otherToken(QXmlStreamReader::TokenType type);
+
     XmlElementBase& m_element;
     QXmlStreamReader& m_reader;
     const QString& m_elementName; // the caller's, alive while the element is read
     Wording m_wording;
 };
+
+template <class T>
+void XmlElementReader::loop(T& tokens)
+{
+    while (!m_reader.atEnd() && !m_reader.hasError()) {
+        const QXmlStreamReader::TokenType type = m_reader.readNext();
+        if (type == QXmlStreamReader::StartElement) {
+            if (!tokens.start(m_reader.name()))
+                refuseStart();
+        } else if (type == QXmlStreamReader::EndElement) {
+            const QStringView name = m_reader.name();
+            if (XmlKit::sameName(name, m_elementName)) {
+                if (tokens.mayEnd())
+                    return;
+                refuseEnd(name);
+            } else if (!tokens.passEnd(name)) {
+                refuseEnd(name);
+            }
+        } else if (type == QXmlStreamReader::Characters) {
+            tokens.text(m_reader.text());
+        } else {
+            otherToken(type);
+        }
+    }
+}
 
 } // namespace KelXml

@@ -207,6 +207,11 @@ void XmlLayout::index()
         entry.needs = maskOf(entry.inGroup ? group.m_after : entry.field->m_after);
     }
     Q_ASSERT(m_entries.size() <= 64);
+    m_namesUnique = true;
+    for (size_t i = 0; i < m_entries.size(); ++i) {
+        if (entryIndex(m_entries[i].field->m_readName) != int(i))
+            m_namesUnique = false;
+    }
     for (Entry& entry : m_entries) {
         const quint64 own = quint64(1) << entry.slot;
         if (!entry.field->m_refusedBy.isEmpty())
@@ -239,11 +244,18 @@ int XmlLayout::entryIndex(const QString& name) const
     return -1;
 }
 
-const XmlLayout::Entry* XmlLayout::entryFor(QStringView name) const
+const XmlLayout::Entry* XmlLayout::entryFor(QStringView name, size_t from) const
 {
-    for (const Entry& entry : m_entries) {
-        if (XmlKit::sameName(entry.field->m_readName, name))
-            return &entry;
+    const size_t count = m_entries.size();
+    if (!m_namesUnique || from >= count)
+        from = 0;
+    for (size_t i = from; i < count; ++i) {
+        if (XmlKit::sameName(m_entries[i].field->m_readName, name))
+            return &m_entries[i];
+    }
+    for (size_t i = 0; i < from; ++i) {
+        if (XmlKit::sameName(m_entries[i].field->m_readName, name))
+            return &m_entries[i];
     }
     return nullptr;
 }
@@ -268,7 +280,7 @@ bool XmlLayout::begin(XmlComposite& owner, XmlElementReader& in) const
 bool XmlLayout::readChild(XmlComposite& owner, XmlElementReader& in, QStringView name,
                           Progress& progress) const
 {
-    const Entry* entry = entryFor(name);
+    const Entry* entry = entryFor(name, progress.next);
     if (!entry || (progress.order & entry->refusers) ||
         (entry->needs && !(progress.order & entry->needs)))
         return false;
@@ -285,31 +297,29 @@ bool XmlLayout::readChild(XmlComposite& owner, XmlElementReader& in, QStringView
     if (field.m_afterRead && child)
         field.m_afterRead(owner, *child);
     progress.order |= quint64(1) << entry->slot;
-    progress.entries |= quint64(1) << (entry - m_entries.data());
+    const size_t index = size_t(entry - m_entries.data());
+    progress.entries |= quint64(1) << index;
+    progress.next = index + 1;
     return true;
 }
 
 void XmlLayout::readChildren(XmlComposite& owner, XmlElementReader& in) const
 {
-    // The handlers capture one pointer, so that they need no allocation.
-    struct Reading
+    struct Children : XmlElementReader::Tokens
     {
         const XmlLayout& layout;
         XmlComposite& owner;
         XmlElementReader& in;
         Progress progress;
-    } reading{*this, owner, in, {}};
-    XmlElementReader::Handlers handlers;
-    handlers.start = [&reading](QStringView name) {
-        return reading.layout.readChild(reading.owner, reading.in, name, reading.progress);
-    };
-    handlers.mayEnd = [&reading]() {
-        const XmlLayout& layout = reading.layout;
-        const Progress& progress = reading.progress;
-        return (progress.order & layout.m_required) == layout.m_required &&
-               (!layout.m_complete || layout.m_complete(XmlSeen(layout, progress.entries)));
-    };
-    in.run(handlers);
+
+        bool start(QStringView name) { return layout.readChild(owner, in, name, progress); }
+        bool mayEnd()
+        {
+            return (progress.order & layout.m_required) == layout.m_required &&
+                   (!layout.m_complete || layout.m_complete(XmlSeen(layout, progress.entries)));
+        }
+    } tokens{{}, *this, owner, in, {}};
+    in.loop(tokens);
 }
 
 void XmlLayout::write(const XmlComposite& owner, QXmlStreamWriter& writer,

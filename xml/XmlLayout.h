@@ -260,6 +260,7 @@ public:
     {
         quint64 order = 0;   // by place in the order
         quint64 entries = 0; // by child, choices' alternatives apart
+        size_t next = 0;     // the entry after the one read last: where a tag is looked up first
     };
     // The token loop over the children, up to the own end tag.
     void readChildren(XmlComposite& owner, XmlElementReader& in) const;
@@ -304,7 +305,9 @@ private:
     void index();
     quint64 maskOf(const QStringList& names) const;
     int entryIndex(const QString& name) const;
-    const Entry* entryFor(QStringView name) const;
+    // The entry of the name, looked up from the given one on (children
+    // mostly follow the table order) when no two entries share a name.
+    const Entry* entryFor(QStringView name, size_t from) const;
 
     std::unique_ptr<Identity> m_identity;
     XmlElementReader::Wording m_wording;
@@ -313,6 +316,7 @@ private:
     std::vector<XmlField> m_fields;
     std::vector<Entry> m_entries;
     quint64 m_required = 0;
+    bool m_namesUnique = true;
     std::function<bool(const XmlSeen&)> m_complete;
 };
 
