@@ -277,14 +277,6 @@ const QString notNumeric = QStringLiteral("Illegal value (must be numeric)");
 
 } // namespace
 
-XmlElementReader::XmlElementReader(XmlElementBase& element, QXmlStreamReader& reader,
-                                   const QString& elementName, Wording wording)
-    : m_element(element)
-    , m_reader(reader)
-    , m_elementName(elementName)
-    , m_wording(wording)
-{}
-
 void XmlElementReader::fail(const QString& message)
 {
     if (!m_reader.hasError())

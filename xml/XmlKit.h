@@ -19,6 +19,7 @@
 #include <functional>
 #include <initializer_list>
 #include <optional>
+#include <type_traits>
 
 namespace KelXml {
 
@@ -247,7 +248,12 @@ public:
     // The element name is referred to, not copied: construct the reader from
     // the name processXml() was given.
     XmlElementReader(XmlElementBase& element, QXmlStreamReader& reader, const QString& elementName,
-                     Wording wording);
+                     Wording wording)
+        : m_element(element)
+        , m_reader(reader)
+        , m_elementName(elementName)
+        , m_wording(wording)
+    {}
 
     QXmlStreamReader& reader() const { return m_reader; }
     const QString& elementName() const { return m_elementName; }
@@ -346,7 +352,10 @@ private:
 template <class T>
 void XmlElementReader::loop(T& tokens)
 {
-    while (!m_reader.atEnd() && !m_reader.hasError()) {
+    // Every error leaves the reader on an Invalid token, after which atEnd()
+    // holds; only a premature end of input that may still grow leaves it
+    // false, so the loop also stops on an Invalid token of its own.
+    while (!m_reader.atEnd()) {
         const QXmlStreamReader::TokenType type = m_reader.readNext();
         if (type == QXmlStreamReader::StartElement) {
             if (!tokens.start(m_reader.name()))
@@ -361,9 +370,13 @@ void XmlElementReader::loop(T& tokens)
                 refuseEnd(name);
             }
         } else if (type == QXmlStreamReader::Characters) {
-            tokens.text(m_reader.text());
+            // The text is only fetched for a Tokens type that takes it.
+            if constexpr (!std::is_same<decltype(&T::text), decltype(&Tokens::text)>::value)
+                tokens.text(m_reader.text());
         } else {
             otherToken(type);
+            if (type == QXmlStreamReader::Invalid)
+                return;
         }
     }
 }
