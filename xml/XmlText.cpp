@@ -60,25 +60,9 @@ XmlText::XmlText(const QString& text)
     : m_node(nodeFor(text, &text))
 {}
 
-XmlText::XmlText(const XmlText& other) noexcept
-    : m_node(other.m_node)
-{
-    if (m_node->refs.load(std::memory_order_relaxed) >= 0)
-        m_node->refs.fetch_add(1, std::memory_order_relaxed);
-}
-
 XmlText::XmlText(XmlText&& other) noexcept
     : XmlText(static_cast<const XmlText&>(other))
 {}
-
-XmlText& XmlText::operator=(const XmlText& other) noexcept
-{
-    if (m_node != other.m_node) {
-        XmlText copy(other);
-        std::swap(m_node, copy.m_node);
-    }
-    return *this;
-}
 
 XmlText& XmlText::operator=(XmlText&& other) noexcept
 {
@@ -92,11 +76,6 @@ XmlText& XmlText::operator=(const QString& text)
     release();
     m_node = node;
     return *this;
-}
-
-XmlText::~XmlText()
-{
-    release();
 }
 
 void XmlText::assign(QStringView text)
@@ -115,10 +94,9 @@ void XmlText::clear() noexcept
     m_node = nodeFor(QStringView(), nullptr);
 }
 
-void XmlText::release() noexcept
+void XmlText::drop() noexcept
 {
-    if (m_node->refs.load(std::memory_order_relaxed) >= 0 &&
-        m_node->refs.fetch_sub(1, std::memory_order_acq_rel) == 1)
+    if (m_node->refs.fetch_sub(1, std::memory_order_acq_rel) == 1)
         delete m_node;
 }
 

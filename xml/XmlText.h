@@ -6,6 +6,7 @@
 #include <QStringView>
 
 #include <atomic>
+#include <utility>
 
 namespace KelXml {
 
@@ -22,12 +23,23 @@ public:
     XmlText() noexcept;
     /// The text; shares the program's copy when it has one.
     XmlText(const QString& text); // NOLINT(google-explicit-constructor): a QString stand-in
-    XmlText(const XmlText& other) noexcept;
+    XmlText(const XmlText& other) noexcept
+        : m_node(other.m_node)
+    {
+        retain();
+    }
     XmlText(XmlText&& other) noexcept;
-    XmlText& operator=(const XmlText& other) noexcept;
+    XmlText& operator=(const XmlText& other) noexcept
+    {
+        if (m_node != other.m_node) {
+            XmlText copy(other);
+            std::swap(m_node, copy.m_node);
+        }
+        return *this;
+    }
     XmlText& operator=(XmlText&& other) noexcept;
     XmlText& operator=(const QString& text);
-    ~XmlText();
+    ~XmlText() { release(); }
 
     /// Sets the text from characters read; a short text shares the program's
     /// copy when it has one, or becomes it while there is room.
@@ -46,7 +58,18 @@ private:
         QString text;
     };
     static Node* nodeFor(QStringView text, const QString* whole);
-    void release() noexcept;
+    // Shared texts are never counted; the counting of the others stays out of line.
+    void retain() noexcept
+    {
+        if (m_node->refs.load(std::memory_order_relaxed) >= 0)
+            m_node->refs.fetch_add(1, std::memory_order_relaxed);
+    }
+    void release() noexcept
+    {
+        if (m_node->refs.load(std::memory_order_relaxed) >= 0)
+            drop();
+    }
+    void drop() noexcept;
 
     Node* m_node; // never null
 };
