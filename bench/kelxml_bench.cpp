@@ -589,13 +589,24 @@ int main(int argc, char** argv)
         return memoryChild(argv[2], argv[3]);
 
     bool memory = true;
+    bool interleavingGiven = false;
     std::vector<char*> arguments;
     for (int i = 0; i < argc; ++i) {
         if (std::strcmp(argv[i], "--no-memory") == 0)
             memory = false;
         else
             arguments.push_back(argv[i]);
+        interleavingGiven = interleavingGiven ||
+                            std::strncmp(argv[i], "--benchmark_enable_random_interleaving",
+                                         std::strlen("--benchmark_enable_random_interleaving")) == 0;
     }
+    // The repetitions of all benchmarks run in a random order, so that a busy
+    // spell of a shared machine spreads over every document instead of
+    // falling on the sizes that happen to run then (the cost-per-MB sweep
+    // compares times taken at different moments).
+    static char interleaving[] = "--benchmark_enable_random_interleaving=true";
+    if (!interleavingGiven)
+        arguments.insert(arguments.begin() + 1, interleaving);
     int count = int(arguments.size());
     benchmark::Initialize(&count, arguments.data());
     if (benchmark::ReportUnrecognizedArguments(count, arguments.data()))
