@@ -196,13 +196,16 @@ void XmlLayout::index()
         if (field.m_required)
             m_required |= quint64(1) << slot;
         if (field.m_alternatives.empty()) {
-            m_entries.push_back({&field, int(slot), 0, 0, false});
+            m_entries.push_back({&field, int(slot), 0, 0, false, {}, nullptr, nullptr});
         } else {
             for (const XmlField& alternative : field.m_alternatives)
-                m_entries.push_back({&alternative, int(slot), 0, 0, true});
+                m_entries.push_back({&alternative, int(slot), 0, 0, true, {}, nullptr,
+                                     field.m_exclusive ? &field : nullptr});
         }
     }
     for (Entry& entry : m_entries) {
+        entry.name = entry.field->m_readName;
+        entry.read = entry.field->m_replaced ? &entry.field->m_replace : &entry.field->m_read;
         const XmlField& group = m_fields[size_t(entry.slot)];
         entry.needs = maskOf(entry.inGroup ? group.m_after : entry.field->m_after);
     }
@@ -250,11 +253,11 @@ const XmlLayout::Entry* XmlLayout::entryFor(QStringView name, size_t from) const
     if (!m_namesUnique || from >= count)
         from = 0;
     for (size_t i = from; i < count; ++i) {
-        if (XmlKit::sameName(m_entries[i].field->m_readName, name))
+        if (XmlKit::sameName(m_entries[i].name, name))
             return &m_entries[i];
     }
     for (size_t i = 0; i < from; ++i) {
-        if (XmlKit::sameName(m_entries[i].field->m_readName, name))
+        if (XmlKit::sameName(m_entries[i].name, name))
             return &m_entries[i];
     }
     return nullptr;
@@ -280,26 +283,25 @@ bool XmlLayout::begin(XmlComposite& owner, XmlElementReader& in) const
 bool XmlLayout::readChild(XmlComposite& owner, XmlElementReader& in, QStringView name,
                           Progress& progress) const
 {
-    const Entry* entry = entryFor(name, progress.next);
+    const Entry* entry = entryFor(name, progress.last);
     if (!entry || (progress.order & entry->refusers) ||
         (entry->needs && !(progress.order & entry->needs)))
         return false;
     const XmlField& field = *entry->field;
-    if (entry->inGroup && m_fields[size_t(entry->slot)].m_exclusive) {
-        for (const XmlField& other : m_fields[size_t(entry->slot)].m_alternatives) {
+    if (entry->group) {
+        for (const XmlField& other : entry->group->m_alternatives) {
             if (&other != &field)
                 other.m_clear(owner);
         }
     }
     // The child reads under the table's copy of its name, equal to the tag.
-    IXmlElement* child =
-        (field.m_replaced ? field.m_replace : field.m_read)(owner, in.reader(), field.m_readName);
-    if (field.m_afterRead && child)
+    IXmlElement* child = (*entry->read)(owner, in.reader(), field.m_readName);
+    if (child && field.m_afterRead)
         field.m_afterRead(owner, *child);
     progress.order |= quint64(1) << entry->slot;
     const size_t index = size_t(entry - m_entries.data());
     progress.entries |= quint64(1) << index;
-    progress.next = index + 1;
+    progress.last = index;
     return true;
 }
 

@@ -260,7 +260,7 @@ public:
     {
         quint64 order = 0;   // by place in the order
         quint64 entries = 0; // by child, choices' alternatives apart
-        size_t next = 0;     // the entry after the one read last: where a tag is looked up first
+        size_t last = 0;     // the entry read last: where a tag is looked up first
     };
     // The token loop over the children, up to the own end tag.
     void readChildren(XmlComposite& owner, XmlElementReader& in) const;
@@ -293,6 +293,8 @@ private:
         return *reinterpret_cast<const Identity*>(&classname)->layout;
     }
 
+    // What reading needs of a child, kept together so that looking a tag up
+    // and reading the child touch little besides the entry.
     struct Entry
     {
         const XmlField* field;
@@ -300,6 +302,9 @@ private:
         quint64 refusers;
         quint64 needs; // one of these must have been read; 0 for none
         bool inGroup;
+        QStringView name;             // the field's read name
+        const XmlField::Read* read;   // its reading, or its replacing one
+        const XmlField* group;        // the choice that deletes the others, if any
     };
 
     void index();
