@@ -33,36 +33,37 @@ void XmlNameAllMultiType::processXml(QXmlStreamReader& reader, const QString& el
     // No position check and no attributes; the names held are kept and the
     // names read are appended. Either "All" or any number of "Name".
     XmlElementReader in(*this, reader, elementName, XmlElementReader::ElementWording);
-    // The handlers capture one pointer, so that they need no allocation.
-    struct Reading
+    struct Tokens : XmlElementReader::Tokens
     {
         XmlNameAllMultiType& self;
         QXmlStreamReader& reader;
         bool sawAll = false;
         bool sawName = false;
-    } r{*this, reader};
-    XmlElementReader::Handlers handlers;
-    handlers.start = [&r](QStringView name) {
-        if (name == allElement && !r.sawAll && !r.sawName) {
-            r.self.m_names.clear();
-            r.sawAll = true;
-            return true;
+
+        bool start(QStringView name)
+        {
+            if (XmlKit::sameName(name, allElement) && !sawAll && !sawName) {
+                self.m_names.clear();
+                sawAll = true;
+                return true;
+            }
+            if (XmlKit::sameName(name, nameElement) && !sawAll) {
+                self.m_names.appendNew()->processXml(reader, nameElement);
+                sawName = true;
+                return true;
+            }
+            return false;
         }
-        if (name == nameElement && !r.sawAll) {
-            r.self.m_names.appendNew()->processXml(r.reader, nameElement);
-            r.sawName = true;
-            return true;
+        bool passEnd(QStringView name) { return XmlKit::sameName(name, allElement); }
+        bool mayEnd()
+        {
+            const bool chosen = sawAll || sawName;
+            if (chosen)
+                self.m_initialized = true;
+            return chosen;
         }
-        return false;
-    };
-    handlers.passEnd = [](QStringView name) { return name == allElement; };
-    handlers.mayEnd = [&r]() {
-        const bool chosen = r.sawAll || r.sawName;
-        if (chosen)
-            r.self.m_initialized = true;
-        return chosen;
-    };
-    in.run(handlers);
+    } tokens{{}, *this, reader};
+    in.loop(tokens);
 }
 
 void XmlNameAllMultiType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const

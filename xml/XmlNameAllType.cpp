@@ -34,31 +34,39 @@ void XmlNameAllType::processXml(QXmlStreamReader& reader, const QString& element
     // No position check and no attributes. Either "All" or one "Name";
     // a "Reference" may stand anywhere and is skipped.
     XmlElementReader in(*this, reader, elementName, XmlElementReader::ElementWording);
-    bool chosen = false;
-    XmlElementReader::Handlers handlers;
-    handlers.start = [&](QStringView name) {
-        if (name == referenceElement)
+    struct Tokens : XmlElementReader::Tokens
+    {
+        XmlNameAllType& self;
+        QXmlStreamReader& reader;
+        bool chosen = false;
+
+        bool start(QStringView name)
+        {
+            if (XmlKit::sameName(name, referenceElement))
+                return true;
+            if (chosen)
+                return false;
+            if (XmlKit::sameName(name, allElement))
+                self.m_name.reset();
+            else if (XmlKit::sameName(name, nameElement))
+                self.m_name.ensure().processXml(reader, nameElement);
+            else
+                return false;
+            chosen = true;
             return true;
-        if (chosen)
-            return false;
-        if (name == allElement)
-            m_name.reset();
-        else if (name == nameElement)
-            m_name.ensure().processXml(reader, nameElement);
-        else
-            return false;
-        chosen = true;
-        return true;
-    };
-    handlers.passEnd = [](QStringView name) {
-        return name == allElement || name == referenceElement;
-    };
-    handlers.mayEnd = [&]() {
-        if (chosen)
-            m_initialized = true;
-        return chosen;
-    };
-    in.run(handlers);
+        }
+        bool passEnd(QStringView name)
+        {
+            return XmlKit::sameName(name, allElement) || XmlKit::sameName(name, referenceElement);
+        }
+        bool mayEnd()
+        {
+            if (chosen)
+                self.m_initialized = true;
+            return chosen;
+        }
+    } tokens{{}, *this, reader};
+    in.loop(tokens);
 }
 
 void XmlNameAllType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const

@@ -116,32 +116,39 @@ void XmlParamTable::read(XmlParamSet& set, QXmlStreamReader& reader,
     if (m_resetBeforeReading)
         set.reset();
     XmlElementReader in(set, reader, elementName, XmlElementReader::NamedWording);
-    quint32 seen = 0;
-    XmlElementReader::Handlers handlers;
-    handlers.start = [&](QStringView name) {
-        for (size_t i = 0; i < m_fields.size(); ++i) {
-            const XmlParam& field = m_fields[i];
-            if (!XmlKit::sameName(field.m_readName, name))
-                continue;
-            const quint32 own = 1u << i;
-            const quint32 refusers = field.m_repeated ? ~((own << 1) - 1) : ~(own - 1);
-            if (seen & refusers)
-                return false;
-            const auto value = field.convert(reader.readElementText());
-            if (value) {
-                set.m_values[int(i)] = *value;
-                set.m_has |= own;
-                seen |= own;
-            } else {
-                set.m_values[int(i)] = field.m_fallback;
-                set.m_has &= ~own;
-                in.fail(field.m_badValue);
+    struct Tokens : XmlElementReader::Tokens
+    {
+        const XmlParamTable& table;
+        XmlParamSet& set;
+        XmlElementReader& in;
+        quint32 seen = 0;
+
+        bool start(QStringView name)
+        {
+            for (size_t i = 0; i < table.m_fields.size(); ++i) {
+                const XmlParam& field = table.m_fields[i];
+                if (!XmlKit::sameName(field.m_readName, name))
+                    continue;
+                const quint32 own = 1u << i;
+                const quint32 refusers = field.m_repeated ? ~((own << 1) - 1) : ~(own - 1);
+                if (seen & refusers)
+                    return false;
+                const auto value = field.convert(in.reader().readElementText());
+                if (value) {
+                    set.m_values[int(i)] = *value;
+                    set.m_has |= own;
+                    seen |= own;
+                } else {
+                    set.m_values[int(i)] = field.m_fallback;
+                    set.m_has &= ~own;
+                    in.fail(field.m_badValue);
+                }
+                return true;
             }
-            return true;
+            return false;
         }
-        return false;
-    };
-    in.run(handlers);
+    } tokens{{}, *this, set, in};
+    in.loop(tokens);
 }
 
 void XmlParamTable::write(const XmlParamSet& set, QXmlStreamWriter& writer,

@@ -60,18 +60,24 @@ void XmlAreaPolyType::processXml(QXmlStreamReader& reader, const QString& elemen
     XmlElementReader in(*this, reader, elementName, XmlElementReader::NamedWording);
     if (!in.begin(m_version) || !in.checkVersion(m_version))
         return;
-    XmlElementReader::Handlers handlers;
-    // A vertex is kept even when its reading fails.
-    handlers.start = [this, &reader](QStringView name) {
-        if (name != vertexElement)
-            return false;
-        auto vertex = std::make_unique<XmlNumCoordType>();
-        vertex->processXml(reader, vertexElement);
-        insertSorted(vertex.release());
-        return true;
-    };
-    handlers.mayEnd = [this]() { return m_vertices.size() >= minimumVertices; };
-    in.run(handlers);
+    struct Tokens : XmlElementReader::Tokens
+    {
+        XmlAreaPolyType& self;
+        QXmlStreamReader& reader;
+
+        // A vertex is kept even when its reading fails.
+        bool start(QStringView name)
+        {
+            if (!XmlKit::sameName(name, vertexElement))
+                return false;
+            auto vertex = std::make_unique<XmlNumCoordType>();
+            vertex->processXml(reader, vertexElement);
+            self.insertSorted(vertex.release());
+            return true;
+        }
+        bool mayEnd() { return self.m_vertices.size() >= minimumVertices; }
+    } tokens{{}, *this, reader};
+    in.loop(tokens);
 }
 
 void XmlAreaPolyType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
