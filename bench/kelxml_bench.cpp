@@ -604,9 +604,9 @@ int main(int argc, char** argv)
             memory = false;
         else
             arguments.push_back(argv[i]);
-        interleavingGiven = interleavingGiven ||
-                            std::strncmp(argv[i], "--benchmark_enable_random_interleaving",
-                                         std::strlen("--benchmark_enable_random_interleaving")) == 0;
+        const char* const interleavingFlag = "--benchmark_enable_random_interleaving";
+        if (std::strncmp(argv[i], interleavingFlag, std::strlen(interleavingFlag)) == 0)
+            interleavingGiven = true;
     }
     // The repetitions of all benchmarks run in a random order, so that a busy
     // spell of a shared machine spreads over every document instead of

@@ -245,7 +245,7 @@ XmlEnumTexts XmlEnumTexts::numbered(std::initializer_list<const char*> texts)
 std::optional<int> XmlEnumTexts::parse(QStringView text) const
 {
     for (const auto& entry : m_entries) {
-        if (entry.second == text)
+        if (XmlKit::sameName(entry.second, text))
             return entry.first;
     }
     return std::nullopt;

@@ -196,17 +196,18 @@ void XmlLayout::index()
         if (field.m_required)
             m_required |= quint64(1) << slot;
         if (field.m_alternatives.empty()) {
-            m_entries.push_back({&field, int(slot), 0, 0, false, {}, nullptr, nullptr});
+            m_entries.push_back({&field, int(slot), 0, 0, false});
         } else {
             for (const XmlField& alternative : field.m_alternatives)
-                m_entries.push_back({&alternative, int(slot), 0, 0, true, {}, nullptr,
-                                     field.m_exclusive ? &field : nullptr});
+                m_entries.push_back({&alternative, int(slot), 0, 0, true});
         }
     }
     for (Entry& entry : m_entries) {
         entry.name = entry.field->m_readName;
         entry.read = entry.field->m_replaced ? &entry.field->m_replace : &entry.field->m_read;
         const XmlField& group = m_fields[size_t(entry.slot)];
+        if (entry.inGroup && group.m_exclusive)
+            entry.group = &group;
         entry.needs = maskOf(entry.inGroup ? group.m_after : entry.field->m_after);
     }
     Q_ASSERT(m_entries.size() <= 64);

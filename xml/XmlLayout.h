@@ -302,9 +302,9 @@ private:
         quint64 refusers;
         quint64 needs; // one of these must have been read; 0 for none
         bool inGroup;
-        QStringView name;             // the field's read name
-        const XmlField::Read* read;   // its reading, or its replacing one
-        const XmlField* group;        // the choice that deletes the others, if any
+        QStringView name = {};                // the field's read name
+        const XmlField::Read* read = nullptr; // its reading, or its replacing one
+        const XmlField* group = nullptr;      // the choice that deletes the others, if any
     };
 
     void index();

@@ -1,5 +1,7 @@
 #include "XmlText.h"
 
+#include "XmlKit.h"
+
 #include <QHash>
 
 #include <array>
@@ -45,7 +47,7 @@ XmlText::Node* XmlText::nodeFor(QStringView text, const QString* whole)
                     return node;
                 }
             }
-            if (QStringView(node->text) == text)
+            if (XmlKit::sameName(node->text, text))
                 return node;
         }
     }
@@ -81,7 +83,7 @@ XmlText& XmlText::operator=(const QString& text)
 void XmlText::assign(QStringView text)
 {
     // Reading mostly meets the text already held, such as the default unit.
-    if (m_node->text.isNull() == text.isNull() && QStringView(m_node->text) == text)
+    if (m_node->text.isNull() == text.isNull() && XmlKit::sameName(m_node->text, text))
         return;
     Node* node = nodeFor(text, nullptr);
     release();

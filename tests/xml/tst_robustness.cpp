@@ -97,8 +97,10 @@ private slots:
     {
         QTest::addColumn<QString>("classname");
         QTest::addColumn<QString>("xml");
-        QTest::newRow("list") << "XmlDBMListType" << "<L><dBm>5</dBm><dBm>";
-        QTest::newRow("value") << "XmlDBMType" << "<D>5";
+        QTest::newRow("list") << "XmlDBMListType"
+                              << "<L><dBm>5</dBm><dBm>";
+        QTest::newRow("value") << "XmlDBMType"
+                               << "<D>5";
         QTest::newRow("nested composites")
             << "XmlCmdRoot"
             << "<Command><Create><Station><Name>A</Name><Position><Latitude unit=\"deg\">";
