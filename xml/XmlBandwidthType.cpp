@@ -33,7 +33,7 @@ void XmlBandwidthType::processXml(QXmlStreamReader& reader, const QString& eleme
 void XmlBandwidthType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
 {
     XmlKit::writeValueElement(writer, elementName, m_version, m_unit,
-                              XmlKit::number(m_bandwidth, 'g', 6));
+                              XmlKit::numberText(m_bandwidth, 'g', 6));
 }
 
 void XmlBandwidthType::checkContent(XmlChecks& checks) const

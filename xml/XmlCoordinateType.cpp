@@ -51,8 +51,8 @@ void XmlCoordinateType::produceXml(QXmlStreamWriter& writer, const QString& elem
 
 void XmlCoordinateType::produceChildren(QXmlStreamWriter& writer) const
 {
-    writer.writeTextElement(longitudeElement, XmlKit::number(m_longitude, 'f', 6));
-    writer.writeTextElement(latitudeElement, XmlKit::number(m_latitude, 'f', 6));
+    writer.writeTextElement(longitudeElement, XmlKit::numberText(m_longitude, 'f', 6));
+    writer.writeTextElement(latitudeElement, XmlKit::numberText(m_latitude, 'f', 6));
 }
 
 void XmlCoordinateType::checkContent(XmlChecks& checks) const

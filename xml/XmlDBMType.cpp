@@ -31,7 +31,7 @@ void XmlDBMType::processXml(QXmlStreamReader& reader, const QString& elementName
 void XmlDBMType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
 {
     XmlKit::writeValueElement(writer, elementName, m_version, m_unit,
-                              XmlKit::number(m_dBm, 'f', 9));
+                              XmlKit::numberText(m_dBm, 'f', 9));
 }
 
 void XmlDBMType::checkContent(XmlChecks& checks) const

@@ -31,7 +31,7 @@ void XmlDecibelType::processXml(QXmlStreamReader& reader, const QString& element
 void XmlDecibelType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
 {
     XmlKit::writeValueElement(writer, elementName, m_version, m_unit,
-                              XmlKit::number(m_decibel, 'f', 6));
+                              XmlKit::numberText(m_decibel, 'f', 6));
 }
 
 void XmlDecibelType::checkContent(XmlChecks& checks) const

@@ -29,7 +29,7 @@ void XmlDegreesType::processXml(QXmlStreamReader& reader, const QString& element
 void XmlDegreesType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
 {
     XmlKit::writeValueElement(writer, elementName, m_version, m_unit,
-                              XmlKit::number(m_degrees, 'f', 1));
+                              XmlKit::numberText(m_degrees, 'f', 1));
 }
 
 void XmlDegreesType::checkContent(XmlChecks& checks) const

@@ -32,7 +32,7 @@ void XmlFieldstrengthType::processXml(QXmlStreamReader& reader, const QString& e
 void XmlFieldstrengthType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
 {
     XmlKit::writeValueElement(writer, elementName, m_version, m_unit,
-                              XmlKit::number(m_fieldstrength, 'f', 15));
+                              XmlKit::numberText(m_fieldstrength, 'f', 15));
 }
 
 void XmlFieldstrengthType::checkContent(XmlChecks& checks) const

@@ -52,7 +52,7 @@ void XmlFreqType::produceXml(QXmlStreamWriter& writer, const QString& elementNam
     else if (XmlKit::sameText(m_unit, ghz))
         value *= 0.001;
     XmlKit::writeValueElement(writer, elementName, m_version, m_unit,
-                              XmlKit::number(value, 'f', 6));
+                              XmlKit::numberText(value, 'f', 6));
 }
 
 void XmlFreqType::checkContent(XmlChecks& checks) const

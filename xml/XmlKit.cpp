@@ -2,6 +2,7 @@
 
 #include <QXmlStreamAttributes>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstring>
@@ -138,15 +139,18 @@ bool scaleExactly(double value, int decimals, quint64* scaled, quint64* truncate
     return true;
 }
 
+// The longest text decimalText() makes: a sign, 20 digits and a point.
+constexpr int longestDecimal = 22;
+
 // "-ddd.ddd": scaled / 10^decimals in decimal notation, at least one digit
-// before the point, no point when there are no decimals.
-QString decimalText(bool negative, quint64 scaled, int decimals)
+// before the point, no point when there are no decimals; written to text,
+// its length returned.
+int decimalText(bool negative, quint64 scaled, int decimals, QChar* text)
 {
     char digits[24];
     int count = 0;
     for (; scaled != 0 || count <= decimals; scaled /= 10)
         digits[count++] = char('0' + scaled % 10);
-    QChar text[32];
     int length = 0;
     if (negative)
         text[length++] = QLatin1Char('-');
@@ -155,17 +159,17 @@ QString decimalText(bool negative, quint64 scaled, int decimals)
         if (i == decimals && decimals > 0)
             text[length++] = QLatin1Char('.');
     }
-    return QString(text, length);
+    return length;
 }
 
-} // namespace
-
-QString number(double value, char format, int precision)
+// The text of number() when it is plain to make here, its length returned;
+// -1 when Qt must make it.
+int numberInto(double value, char format, int precision, QChar* text)
 {
     const bool negative = std::signbit(value);
     quint64 scaled = 0;
     if (format == 'f' && scaleExactly(value, precision, &scaled))
-        return decimalText(negative, scaled, precision);
+        return decimalText(negative, scaled, precision, text);
     if (format == 'g' && precision == 6 && value != 0) {
         // Six significant digits: the decimal exponent x of |value| is the one
         // with 10^5 <= |value| * 10^(5 - x) < 10^6; rounding to 5 - x decimals
@@ -193,10 +197,34 @@ QString number(double value, char format, int precision)
             int decimals = 5 - exponent;
             for (; decimals > 0 && scaled % 10 == 0; --decimals)
                 scaled /= 10;
-            return decimalText(negative, scaled, decimals);
+            return decimalText(negative, scaled, decimals, text);
         }
     }
-    return QString::number(value, format, precision);
+    return -1;
+}
+
+} // namespace
+
+QString number(double value, char format, int precision)
+{
+    QChar text[longestDecimal];
+    const int length = numberInto(value, format, precision, text);
+    return length >= 0 ? QString(text, length) : QString::number(value, format, precision);
+}
+
+const QString& numberText(double value, char format, int precision)
+{
+    // Kept between calls, so that its room is reused once it has grown.
+    static thread_local QString scratch;
+    QChar text[longestDecimal];
+    const int length = numberInto(value, format, precision, text);
+    if (length < 0) {
+        scratch = QString::number(value, format, precision);
+    } else {
+        scratch.resize(length);
+        std::copy(text, text + length, scratch.data());
+    }
+    return scratch;
 }
 
 void writeValueElement(QXmlStreamWriter& writer, const QString& name, const QString& version,
@@ -421,23 +449,6 @@ void XmlElementReader::otherToken(QXmlStreamReader::TokenType type)
     default: // comments, processing instructions, DTDs, entity references
         break;
     }
-}
-
-void XmlElementReader::run(const Handlers& handlers)
-{
-    struct Functions : Tokens
-    {
-        const Handlers& handlers;
-        bool start(QStringView name) { return handlers.start && handlers.start(name); }
-        bool mayEnd() { return !handlers.mayEnd || handlers.mayEnd(); }
-        bool passEnd(QStringView name) { return handlers.passEnd && handlers.passEnd(name); }
-        void text(QStringView text)
-        {
-            if (handlers.text)
-                handlers.text(text);
-        }
-    } tokens{{}, handlers};
-    loop(tokens);
 }
 
 void XmlElementReader::readChildren(std::initializer_list<XmlChild> children,

@@ -91,6 +91,10 @@ KELXML_EXPORT int toInt(QStringView text, bool* ok);
 // decimal rounding is plain (no tie, not too small, below 2^53) are formatted
 // here from the exact binary value; everything else goes to Qt.
 KELXML_EXPORT QString number(double value, char format = 'g', int precision = 6);
+// The same text in a buffer of the calling thread that its next call
+// overwrites: for handing straight to the writer without allocating a
+// string for every number written.
+KELXML_EXPORT const QString& numberText(double value, char format = 'g', int precision = 6);
 
 // Writes <name version="..." unit="...">text</name>.
 KELXML_EXPORT void writeValueElement(QXmlStreamWriter& writer, const QString& name,
@@ -240,16 +244,6 @@ public:
         void text(QStringView /*text*/) {}
     };
 
-    // The same as functions, for a class whose reading is easier to state
-    // with lambdas than with a Tokens type. Unset handlers keep the defaults.
-    struct Handlers
-    {
-        std::function<bool(QStringView name)> start;
-        std::function<bool()> mayEnd;
-        std::function<bool(QStringView name)> passEnd;
-        std::function<void(QStringView text)> text;
-    };
-
     // The element name is referred to, not copied: construct the reader from
     // the name processXml() was given.
     XmlElementReader(XmlElementBase& element, QXmlStreamReader& reader, const QString& elementName,
@@ -306,8 +300,6 @@ public:
     // class's Tokens type: its members are called without indirection.
     template <class T>
     void loop(T& tokens);
-    // The same loop with handlers given as functions.
-    void run(const Handlers& handlers);
     // The loop of a text-valued element: every start tag is refused and each
     // piece of character data is handed to take(QStringView).
     template <class Take>

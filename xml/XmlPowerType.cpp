@@ -29,7 +29,7 @@ void XmlPowerType::processXml(QXmlStreamReader& reader, const QString& elementNa
 void XmlPowerType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
 {
     XmlKit::writeValueElement(writer, elementName, m_version, m_unit,
-                              XmlKit::number(m_power, 'f', 15));
+                              XmlKit::numberText(m_power, 'f', 15));
 }
 
 void XmlPowerType::checkContent(XmlChecks& checks) const

@@ -28,7 +28,7 @@ void XmlSinadType::processXml(QXmlStreamReader& reader, const QString& elementNa
 
 void XmlSinadType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
 {
-    XmlKit::writeValueElement(writer, elementName, m_version, XmlKit::number(m_sinad, 'f', 6));
+    XmlKit::writeValueElement(writer, elementName, m_version, XmlKit::numberText(m_sinad, 'f', 6));
 }
 
 void XmlSinadType::checkContent(XmlChecks& checks) const

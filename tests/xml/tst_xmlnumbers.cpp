@@ -275,10 +275,16 @@ void TestXmlNumbers::writtenAsQt_data()
 void TestXmlNumbers::writtenAsQt()
 {
     QFETCH(double, value);
-    for (const auto& [format, precision] : writtenFormats)
-        QVERIFY2(XmlKit::number(value, format, precision) ==
-                     QString::number(value, format, precision),
+    for (const auto& [format, precision] : writtenFormats) {
+        const QString qtText = QString::number(value, format, precision);
+        QVERIFY2(XmlKit::number(value, format, precision) == qtText,
                  qPrintable(formatName(format, precision)));
+        // The thread's buffer: a copy taken keeps its text through the next call.
+        const QString kept = XmlKit::numberText(value, format, precision);
+        QVERIFY2(kept == qtText, qPrintable(formatName(format, precision)));
+        XmlKit::numberText(-123456.5, 'f', 6);
+        QCOMPARE(kept, qtText);
+    }
 }
 
 // A million values, each in one of the formats in turn: the short decimals
@@ -309,7 +315,8 @@ void TestXmlNumbers::generatedValuesWrittenAsQt()
         if (below(2))
             value = -value;
         const auto& [format, precision] = writtenFormats[size_t(i) % std::size(writtenFormats)];
-        const QString text = XmlKit::number(value, format, precision);
+        const QString text = i % 2 ? XmlKit::numberText(value, format, precision)
+                                   : XmlKit::number(value, format, precision);
         const QString qtText = QString::number(value, format, precision);
         if (text != qtText)
             QFAIL(qPrintable(QStringLiteral("%1 as %2: %3, Qt: %4")

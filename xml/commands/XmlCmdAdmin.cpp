@@ -23,25 +23,32 @@ void XmlCmdAdmin::processXml(QXmlStreamReader& reader, const QString& elementNam
     // QueryVersion start tag only passes; its end tag sets the type and lets
     // the element end. Neither child's order nor count is checked.
     XmlElementReader in(*this, reader, elementName, XmlElementReader::ElementWording);
-    bool queryClosed = false;
-    XmlElementReader::Handlers handlers;
-    handlers.start = [&](QStringView name) {
-        if (name == queryVersionElement)
+    struct Tokens : XmlElementReader::Tokens
+    {
+        XmlCmdAdmin& self;
+        QXmlStreamReader& reader;
+        bool queryClosed = false;
+
+        bool start(QStringView name)
+        {
+            if (XmlKit::sameName(name, queryVersionElement))
+                return true;
+            if (!XmlKit::sameName(name, referenceElement))
+                return false;
+            self.m_cmdReference.processXml(reader, referenceElement);
             return true;
-        if (name != referenceElement)
-            return false;
-        m_cmdReference.processXml(reader, referenceElement);
-        return true;
-    };
-    handlers.passEnd = [&](QStringView name) {
-        if (name != queryVersionElement)
-            return false;
-        m_adminCmd = AdminCmdQueryVersion;
-        queryClosed = true;
-        return true;
-    };
-    handlers.mayEnd = [&]() { return queryClosed; };
-    in.run(handlers);
+        }
+        bool passEnd(QStringView name)
+        {
+            if (!XmlKit::sameName(name, queryVersionElement))
+                return false;
+            self.m_adminCmd = AdminCmdQueryVersion;
+            queryClosed = true;
+            return true;
+        }
+        bool mayEnd() { return queryClosed; }
+    } tokens{{}, *this, reader};
+    in.loop(tokens);
 }
 
 void XmlCmdAdmin::produceXml(QXmlStreamWriter& writer, const QString& elementName) const

@@ -38,69 +38,77 @@ void XmlFindSitesType::processXml(QXmlStreamReader& reader, const QString& eleme
     // No position check. The RandomEmitters block opens at its start tag and
     // counts as read only when it closes holding both Number and Distribution.
     XmlElementReader in(*this, reader, elementName, XmlElementReader::NamedWording);
-    bool knownRead = false;
-    bool blockOpen = false;
-    bool blockRead = false;
-    bool numberRead = false;
-    bool distributionRead = false;
-    bool areasRead = false;
-    bool gridRead = false;
+    struct Tokens : XmlElementReader::Tokens
+    {
+        XmlFindSitesType& self;
+        QXmlStreamReader& reader;
+        XmlElementReader& in;
+        bool knownRead = false;
+        bool blockOpen = false;
+        bool blockRead = false;
+        bool numberRead = false;
+        bool distributionRead = false;
+        bool areasRead = false;
+        bool gridRead = false;
 
-    XmlElementReader::Handlers handlers;
-    handlers.start = [&](QStringView name) {
-        if (name == knownEmittersElement) {
-            if (knownRead || blockRead || areasRead || gridRead)
+        bool start(QStringView name)
+        {
+            if (XmlKit::sameName(name, knownEmittersElement)) {
+                if (knownRead || blockRead || areasRead || gridRead)
+                    return false;
+                self.m_knownEmitters.reset();
+                self.m_knownEmitters.ensure().processXml(reader, knownEmittersElement);
+                knownRead = true;
+            } else if (XmlKit::sameName(name, randomEmittersElement)) {
+                if (blockRead || areasRead || gridRead)
+                    return false;
+                blockOpen = true;
+            } else if (XmlKit::sameName(name, numberElement)) {
+                if (!blockOpen || numberRead || distributionRead)
+                    return false;
+                numberRead = true;
+                bool ok = false;
+                self.m_randNumber = reader.readElementText().toInt(&ok, 10);
+                if (!ok) {
+                    self.m_randNumber = noRandomEmitters;
+                    in.fail(QStringLiteral("Illegal value for \"Number\" (must be numeric)"));
+                }
+            } else if (XmlKit::sameName(name, distributionElement)) {
+                if (!blockOpen || distributionRead)
+                    return false;
+                distributionRead = true;
+                const auto value = distributionTexts.parse(reader.readElementText());
+                self.m_randDistri = Distribution(value.value_or(DistributionUndefined));
+                if (!value)
+                    in.fail(QStringLiteral("Illegal value for \"Distribution\""));
+            } else if (XmlKit::sameName(name, deploymentAreasElement)) {
+                if (areasRead || gridRead)
+                    return false;
+                self.m_deploymentAreas.processXml(reader, deploymentAreasElement);
+                areasRead = true;
+            } else if (XmlKit::sameName(name, resultGridElement)) {
+                if (gridRead)
+                    return false;
+                self.m_resultGrid.reset();
+                self.m_resultGrid.ensure().processXml(reader, resultGridElement);
+                gridRead = true;
+            } else {
                 return false;
-            m_knownEmitters.reset();
-            m_knownEmitters.ensure().processXml(reader, knownEmittersElement);
-            knownRead = true;
-        } else if (name == randomEmittersElement) {
-            if (blockRead || areasRead || gridRead)
-                return false;
-            blockOpen = true;
-        } else if (name == numberElement) {
-            if (!blockOpen || numberRead || distributionRead)
-                return false;
-            numberRead = true;
-            bool ok = false;
-            m_randNumber = reader.readElementText().toInt(&ok, 10);
-            if (!ok) {
-                m_randNumber = noRandomEmitters;
-                in.fail(QStringLiteral("Illegal value for \"Number\" (must be numeric)"));
             }
-        } else if (name == distributionElement) {
-            if (!blockOpen || distributionRead)
-                return false;
-            distributionRead = true;
-            const auto value = distributionTexts.parse(reader.readElementText());
-            m_randDistri = Distribution(value.value_or(DistributionUndefined));
-            if (!value)
-                in.fail(QStringLiteral("Illegal value for \"Distribution\""));
-        } else if (name == deploymentAreasElement) {
-            if (areasRead || gridRead)
-                return false;
-            m_deploymentAreas.processXml(reader, deploymentAreasElement);
-            areasRead = true;
-        } else if (name == resultGridElement) {
-            if (gridRead)
-                return false;
-            m_resultGrid.reset();
-            m_resultGrid.ensure().processXml(reader, resultGridElement);
-            gridRead = true;
-        } else {
-            return false;
+            return true;
         }
-        return true;
-    };
-    handlers.passEnd = [&](QStringView name) {
-        if (name != randomEmittersElement || !blockOpen || !numberRead || !distributionRead)
-            return false;
-        blockOpen = false;
-        blockRead = true;
-        return true;
-    };
-    handlers.mayEnd = [&]() { return areasRead; };
-    in.run(handlers);
+        bool passEnd(QStringView name)
+        {
+            if (!XmlKit::sameName(name, randomEmittersElement) || !blockOpen || !numberRead ||
+                !distributionRead)
+                return false;
+            blockOpen = false;
+            blockRead = true;
+            return true;
+        }
+        bool mayEnd() { return areasRead; }
+    } tokens{{}, *this, reader, in};
+    in.loop(tokens);
 }
 
 void XmlFindSitesType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const

@@ -32,47 +32,54 @@ void XmlAutoRespType::processXml(QXmlStreamReader& reader, const QString& elemen
         return;
     m_status = RespStatus(in.readEnumAttribute(statusAttribute, statusTexts));
 
-    // The reference, then one content child; the reference is refused after
-    // the content, and the element ends only once both were read.
-    bool referenceRead = false;
-    bool contentRead = false;
-    const auto readContent = [&](QStringView name) {
-        if (name == errorMessageElement) {
-            m_errorMessage = reader.readElementText();
-        } else if (name == estimatedTimeElement) {
-            m_estimatedTime = XmlKit::parseDateTime(reader.readElementText());
-            if (!m_estimatedTime.isValid())
-                in.fail(QStringLiteral("Illegal dateTime format"));
-        } else if (name == kelVersionElement) {
-            m_kelVersion = reader.readElementText();
-        } else if (name == gridResultElement) {
-            m_gridResult = XmlOwnedPtr<XmlGridResultType>::make();
-            m_gridResult->processXml(reader, gridResultElement);
-        } else if (name == interlinkResultElement) {
-            m_interlinkResult = XmlOwnedPtr<XmlInterlinkResultType>::make();
-            m_interlinkResult->processXml(reader, interlinkResultElement);
-        } else {
-            return false;
-        }
-        return true;
-    };
+    struct Tokens : XmlElementReader::Tokens
+    {
+        XmlAutoRespType& self;
+        QXmlStreamReader& reader;
+        XmlElementReader& in;
+        // The reference, then one content child; the reference is refused after
+        // the content, and the element ends only once both were read.
+        bool referenceRead = false;
+        bool contentRead = false;
 
-    XmlElementReader::Handlers handlers;
-    handlers.start = [&](QStringView name) {
-        if (contentRead)
-            return false;
-        if (name == referenceElement) {
-            if (referenceRead)
+        bool readContent(QStringView name)
+        {
+            if (XmlKit::sameName(name, errorMessageElement)) {
+                self.m_errorMessage = reader.readElementText();
+            } else if (XmlKit::sameName(name, estimatedTimeElement)) {
+                self.m_estimatedTime = XmlKit::parseDateTime(reader.readElementText());
+                if (!self.m_estimatedTime.isValid())
+                    in.fail(QStringLiteral("Illegal dateTime format"));
+            } else if (XmlKit::sameName(name, kelVersionElement)) {
+                self.m_kelVersion = reader.readElementText();
+            } else if (XmlKit::sameName(name, gridResultElement)) {
+                self.m_gridResult = XmlOwnedPtr<XmlGridResultType>::make();
+                self.m_gridResult->processXml(reader, gridResultElement);
+            } else if (XmlKit::sameName(name, interlinkResultElement)) {
+                self.m_interlinkResult = XmlOwnedPtr<XmlInterlinkResultType>::make();
+                self.m_interlinkResult->processXml(reader, interlinkResultElement);
+            } else {
                 return false;
-            m_reference.processXml(reader, referenceElement);
-            referenceRead = true;
+            }
             return true;
         }
-        contentRead = readContent(name);
-        return contentRead;
-    };
-    handlers.mayEnd = [&]() { return referenceRead && contentRead; };
-    in.run(handlers);
+        bool start(QStringView name)
+        {
+            if (contentRead)
+                return false;
+            if (XmlKit::sameName(name, referenceElement)) {
+                if (referenceRead)
+                    return false;
+                self.m_reference.processXml(reader, referenceElement);
+                referenceRead = true;
+                return true;
+            }
+            contentRead = readContent(name);
+            return contentRead;
+        }
+        bool mayEnd() { return referenceRead && contentRead; }
+    } tokens{{}, *this, reader, in};
+    in.loop(tokens);
 }
 
 void XmlAutoRespType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const

@@ -97,50 +97,56 @@ void XmlGridResultType::processXml(QXmlStreamReader& reader, const QString& elem
     m_type = ResultType(in.readEnumAttribute(typeAttribute, typeTexts));
     if (in.failed())
         return;
+    struct Tokens : XmlElementReader::Tokens
+    {
+        XmlGridResultType& self;
+        QXmlStreamReader& reader;
+        // Only the wrapper of the own type opens; inside it "Parameter", then
+        // "ScreenshotFilename". The parameter object reads under the wrapper's
+        // name, and the "Parameter" end tag is then expected here.
+        const QString wrapper = wrapperNames.text(self.m_type);
+        bool insideWrapper = false;
+        bool wrapperClosed = false;
+        bool parameterClosed = false;
+        bool screenshotRead = false;
 
-    // Only the wrapper of the own type opens; inside it "Parameter", then
-    // "ScreenshotFilename". The parameter object reads under the wrapper's
-    // name, and the "Parameter" end tag is then expected here.
-    const QString wrapper = wrapperNames.text(m_type);
-    bool insideWrapper = false;
-    bool wrapperClosed = false;
-    bool parameterClosed = false;
-    bool screenshotRead = false;
-
-    XmlElementReader::Handlers handlers;
-    handlers.start = [&](QStringView name) {
-        if (name == wrapper && !insideWrapper && !wrapperClosed) {
-            insideWrapper = true;
-        } else if (name == parameterElement && insideWrapper && !parameterClosed &&
-                   !screenshotRead) {
-            if (IXmlElement* object = renewParameter(m_type))
-                object->processXml(reader, wrapper);
-        } else if (name == screenshotElement && insideWrapper && parameterClosed &&
-                   !screenshotRead) {
-            m_screenshotFilename = reader.readElementText();
-            screenshotRead = true;
-        } else {
-            return false;
+        bool start(QStringView name)
+        {
+            if (XmlKit::sameName(name, wrapper) && !insideWrapper && !wrapperClosed) {
+                insideWrapper = true;
+            } else if (XmlKit::sameName(name, parameterElement) && insideWrapper &&
+                       !parameterClosed && !screenshotRead) {
+                if (IXmlElement* object = self.renewParameter(self.m_type))
+                    object->processXml(reader, wrapper);
+            } else if (XmlKit::sameName(name, screenshotElement) && insideWrapper &&
+                       parameterClosed && !screenshotRead) {
+                self.m_screenshotFilename = reader.readElementText();
+                screenshotRead = true;
+            } else {
+                return false;
+            }
+            return true;
         }
-        return true;
-    };
-    handlers.passEnd = [&](QStringView name) {
-        if (!insideWrapper)
-            return false;
-        if (name == parameterElement) {
-            parameterClosed = true;
-        } else if (wrapperNames.parse(name)) {
-            insideWrapper = false;
-            wrapperClosed = true;
-        } else {
-            return false;
+        bool passEnd(QStringView name)
+        {
+            if (!insideWrapper)
+                return false;
+            if (XmlKit::sameName(name, parameterElement)) {
+                parameterClosed = true;
+            } else if (wrapperNames.parse(name)) {
+                insideWrapper = false;
+                wrapperClosed = true;
+            } else {
+                return false;
+            }
+            return true;
         }
-        return true;
-    };
-    handlers.mayEnd = [&]() {
-        return wrapperClosed && parameterClosed && screenshotRead && !insideWrapper;
-    };
-    in.run(handlers);
+        bool mayEnd()
+        {
+            return wrapperClosed && parameterClosed && screenshotRead && !insideWrapper;
+        }
+    } tokens{{}, *this, reader};
+    in.loop(tokens);
 }
 
 void XmlGridResultType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const

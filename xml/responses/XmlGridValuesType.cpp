@@ -39,57 +39,64 @@ void XmlGridValuesType::processXml(QXmlStreamReader& reader, const QString& elem
     if (!in.checkVersion(m_version))
         return;
 
-    // Min first, then Max once Min has closed; the numbers are taken only
-    // inside them.
-    enum Place
+    struct Tokens : XmlElementReader::Tokens
     {
-        Outside,
-        InMin,
-        InMax
-    };
-    Place place = Outside;
-    bool minRead = false;
-    bool maxRead = false;
+        XmlGridValuesType& self;
+        XmlElementReader& in;
+        // Min first, then Max once Min has closed; the numbers are taken only
+        // inside them.
+        enum Place
+        {
+            Outside,
+            InMin,
+            InMax
+        };
+        Place place = Outside;
+        bool minRead = false;
+        bool maxRead = false;
 
-    XmlElementReader::Handlers handlers;
-    handlers.start = [&](QStringView name) {
-        if (place != Outside)
-            return false;
-        if (name == minElement && !minRead && !maxRead) {
-            place = InMin;
-            return true;
-        }
-        if (name == maxElement && minRead && !maxRead) {
-            place = InMax;
-            return true;
-        }
-        return false;
-    };
-    handlers.passEnd = [&](QStringView name) {
-        if (name == minElement && place == InMin) {
-            minRead = true;
-        } else if (name == maxElement && place == InMax) {
-            maxRead = true;
-        } else {
+        bool start(QStringView name)
+        {
+            if (place != Outside)
+                return false;
+            if (XmlKit::sameName(name, minElement) && !minRead && !maxRead) {
+                place = InMin;
+                return true;
+            }
+            if (XmlKit::sameName(name, maxElement) && minRead && !maxRead) {
+                place = InMax;
+                return true;
+            }
             return false;
         }
-        place = Outside;
-        return true;
-    };
-    handlers.mayEnd = [&]() { return maxRead; };
-    handlers.text = [&](QStringView text) {
-        bool ok = false;
-        const double value = text.toDouble(&ok);
-        if (!ok)
-            return; // whitespace between the children, or a value that is no number
-        if (place == InMin)
-            m_min = value;
-        else if (place == InMax)
-            m_max = value;
-        else
-            in.fail(QStringLiteral("Unexpected characters"));
-    };
-    in.run(handlers);
+        bool passEnd(QStringView name)
+        {
+            if (XmlKit::sameName(name, minElement) && place == InMin) {
+                minRead = true;
+            } else if (XmlKit::sameName(name, maxElement) && place == InMax) {
+                maxRead = true;
+            } else {
+                return false;
+            }
+            place = Outside;
+            return true;
+        }
+        bool mayEnd() { return maxRead; }
+        void text(QStringView text)
+        {
+            bool ok = false;
+            const double value = text.toDouble(&ok);
+            if (!ok)
+                return; // whitespace between the children, or a value that is no number
+            if (place == InMin)
+                self.m_min = value;
+            else if (place == InMax)
+                self.m_max = value;
+            else
+                in.fail(QStringLiteral("Unexpected characters"));
+        }
+    } tokens{{}, *this, in};
+    in.loop(tokens);
 }
 
 void XmlGridValuesType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const

@@ -23,38 +23,47 @@ void XmlInterlinkResultType::processXml(QXmlStreamReader& reader, const QString&
     // "Result"; inside "Result", "Text" and then "ScreenshotFilename". The
     // element ends once "Parameters" and "Text" were read and "Result" closed.
     XmlElementReader in(*this, reader, elementName, XmlElementReader::NamedWording);
-    bool parametersRead = false;
-    bool insideResult = false;
-    bool textRead = false;
-    bool screenshotRead = false;
+    struct Tokens : XmlElementReader::Tokens
+    {
+        XmlInterlinkResultType& self;
+        QXmlStreamReader& reader;
+        bool parametersRead = false;
+        bool insideResult = false;
+        bool textRead = false;
+        bool screenshotRead = false;
 
-    XmlElementReader::Handlers handlers;
-    handlers.start = [&](QStringView name) {
-        if (name == parametersElement && !parametersRead && !insideResult && !textRead &&
-            !screenshotRead) {
-            m_parameters.processXml(reader, parametersElement);
-            parametersRead = true;
-        } else if (name == resultElement && !insideResult && !textRead && !screenshotRead) {
-            insideResult = true;
-        } else if (name == textElement && insideResult && !textRead && !screenshotRead) {
-            m_resultText = reader.readElementText();
-            textRead = true;
-        } else if (name == screenshotElement && insideResult && !screenshotRead) {
-            m_screenshotFilename = reader.readElementText();
-            screenshotRead = true;
-        } else {
-            return false;
+        bool start(QStringView name)
+        {
+            if (XmlKit::sameName(name, parametersElement) && !parametersRead && !insideResult &&
+                !textRead && !screenshotRead) {
+                self.m_parameters.processXml(reader, parametersElement);
+                parametersRead = true;
+            } else if (XmlKit::sameName(name, resultElement) && !insideResult && !textRead &&
+                       !screenshotRead) {
+                insideResult = true;
+            } else if (XmlKit::sameName(name, textElement) && insideResult && !textRead &&
+                       !screenshotRead) {
+                self.m_resultText = reader.readElementText();
+                textRead = true;
+            } else if (XmlKit::sameName(name, screenshotElement) && insideResult &&
+                       !screenshotRead) {
+                self.m_screenshotFilename = reader.readElementText();
+                screenshotRead = true;
+            } else {
+                return false;
+            }
+            return true;
         }
-        return true;
-    };
-    handlers.passEnd = [&](QStringView name) {
-        if (name != resultElement || !insideResult)
-            return false;
-        insideResult = false;
-        return true;
-    };
-    handlers.mayEnd = [&]() { return parametersRead && !insideResult && textRead; };
-    in.run(handlers);
+        bool passEnd(QStringView name)
+        {
+            if (!XmlKit::sameName(name, resultElement) || !insideResult)
+                return false;
+            insideResult = false;
+            return true;
+        }
+        bool mayEnd() { return parametersRead && !insideResult && textRead; }
+    } tokens{{}, *this, reader};
+    in.loop(tokens);
 }
 
 void XmlInterlinkResultType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const

@@ -59,31 +59,37 @@ void XmlRespRoot::processXml(QXmlStreamReader& reader, const QString& elementNam
     if (!m_timestamp.isValid())
         in.failAttribute(timestampAttribute);
 
-    // Each element met is read into a fresh object; the content kind not met
-    // stays as it was.
-    bool contentRead = false;
-    XmlElementReader::Handlers handlers;
-    handlers.start = [&](QStringView name) {
-        if (name == orderDefElement) {
-            m_orderDef = XmlOwnedPtr<XmlOrderDef>::make();
-            m_orderDef->processXml(reader, orderDefElement);
+    struct Tokens : XmlElementReader::Tokens
+    {
+        XmlRespRoot& self;
+        QXmlStreamReader& reader;
+        bool contentRead = false;
+
+        // Each element met is read into a fresh object; the content kind not met
+        // stays as it was.
+        bool start(QStringView name)
+        {
+            if (XmlKit::sameName(name, orderDefElement)) {
+                self.m_orderDef = XmlOwnedPtr<XmlOrderDef>::make();
+                self.m_orderDef->processXml(reader, orderDefElement);
+                return true;
+            }
+            if (contentRead)
+                return false;
+            if (XmlKit::sameName(name, automaticElement)) {
+                self.m_autoResp = XmlOwnedPtr<XmlAutoRespType>::make();
+                self.m_autoResp->processXml(reader, automaticElement);
+            } else if (XmlKit::sameName(name, interactiveElement)) {
+                self.m_interactResp = XmlOwnedPtr<XmlInteractRespType>::make();
+                self.m_interactResp->processXml(reader, interactiveElement);
+            } else {
+                return false;
+            }
+            contentRead = true;
             return true;
         }
-        if (contentRead)
-            return false;
-        if (name == automaticElement) {
-            m_autoResp = XmlOwnedPtr<XmlAutoRespType>::make();
-            m_autoResp->processXml(reader, automaticElement);
-        } else if (name == interactiveElement) {
-            m_interactResp = XmlOwnedPtr<XmlInteractRespType>::make();
-            m_interactResp->processXml(reader, interactiveElement);
-        } else {
-            return false;
-        }
-        contentRead = true;
-        return true;
-    };
-    in.run(handlers);
+    } tokens{{}, *this, reader};
+    in.loop(tokens);
 }
 
 void XmlRespRoot::produceXml(QXmlStreamWriter& writer, const QString& elementName) const

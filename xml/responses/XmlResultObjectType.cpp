@@ -31,34 +31,40 @@ void XmlResultObjectType::processXml(QXmlStreamReader& reader, const QString& el
     // end tag is refused as well, the element's own included. Start tags are
     // worded as elements, end tags as named tokens.
     XmlElementReader in(*this, reader, elementName, XmlElementReader::NamedWording);
-    bool objectRead = false;
+    struct Tokens : XmlElementReader::Tokens
+    {
+        XmlResultObjectType& self;
+        QXmlStreamReader& reader;
+        XmlElementReader& in;
+        bool objectRead = false;
 
-    const auto readObject = [&](QStringView name) {
-        if (name == stationElement)
-            readNew(m_station, reader, stationElement);
-        else if (name == dfElement)
-            readNew(m_df, reader, dfElement);
-        else if (name == emitterElement)
-            readNew(m_emitter, reader, emitterElement);
-        else if (name == receiverElement)
-            readNew(m_rx, reader, receiverElement);
-        else
-            return false;
-        return true;
-    };
-
-    XmlElementReader::Handlers handlers;
-    handlers.start = [&](QStringView name) {
-        if (!objectRead && readObject(name)) {
-            objectRead = true;
+        bool readObject(QStringView name)
+        {
+            if (XmlKit::sameName(name, stationElement))
+                readNew(self.m_station, reader, stationElement);
+            else if (XmlKit::sameName(name, dfElement))
+                readNew(self.m_df, reader, dfElement);
+            else if (XmlKit::sameName(name, emitterElement))
+                readNew(self.m_emitter, reader, emitterElement);
+            else if (XmlKit::sameName(name, receiverElement))
+                readNew(self.m_rx, reader, receiverElement);
+            else
+                return false;
             return true;
         }
-        // Raised here, so the loop's own wording for refused start tags never shows.
-        in.fail(QStringLiteral("Unexpected element \"%1\"").arg(name.toString()));
-        return false;
-    };
-    handlers.mayEnd = []() { return false; };
-    in.run(handlers);
+        bool start(QStringView name)
+        {
+            if (!objectRead && readObject(name)) {
+                objectRead = true;
+                return true;
+            }
+            // Raised here, so the loop's own wording for refused start tags never shows.
+            in.fail(QStringLiteral("Unexpected element \"%1\"").arg(name.toString()));
+            return false;
+        }
+        bool mayEnd() { return false; }
+    } tokens{{}, *this, reader, in};
+    in.loop(tokens);
 }
 
 void XmlResultObjectType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const

@@ -39,51 +39,57 @@ void XmlKelBtType::processXml(QXmlStreamReader& reader, const QString& elementNa
     XmlElementReader in(*this, reader, elementName, XmlElementReader::TextWording);
     if (!in.begin(m_version) || !in.checkVersion(m_version))
         return;
+    struct Tokens : XmlElementReader::Tokens
+    {
+        XmlKelBtType& self;
+        XmlElementReader& in;
+        // The path counts as read only once text stood in it. The wrapper opens
+        // after the path, until it closed once.
+        bool pathRead = false;
+        bool inPath = false;
+        bool inObjects = false;
+        bool objectsClosed = false;
+        XmlLayout::Progress objects{};
 
-    // The path counts as read only once text stood in it. The wrapper opens
-    // after the path, until it closed once.
-    bool pathRead = false;
-    bool inPath = false;
-    bool inObjects = false;
-    bool objectsClosed = false;
-    XmlLayout::Progress objects;
-
-    XmlElementReader::Handlers handlers;
-    handlers.start = [&](QStringView name) {
-        if (name == screenshotPathElement) {
-            if (pathRead || inPath || objectsClosed)
-                return false;
-            inPath = true;
-            return true;
+        bool start(QStringView name)
+        {
+            if (XmlKit::sameName(name, screenshotPathElement)) {
+                if (pathRead || inPath || objectsClosed)
+                    return false;
+                inPath = true;
+                return true;
+            }
+            if (XmlKit::sameName(name, displayedObjectsElement)) {
+                if (!pathRead || inPath || objectsClosed)
+                    return false;
+                inObjects = true;
+                return true;
+            }
+            return inObjects && displayedObjects().readChild(self, in, name, objects);
         }
-        if (name == displayedObjectsElement) {
-            if (!pathRead || inPath || objectsClosed)
-                return false;
-            inObjects = true;
-            return true;
+        void text(QStringView text)
+        {
+            if (inPath) {
+                self.m_screenshotPath = text.toString();
+                pathRead = true;
+            }
         }
-        return inObjects && displayedObjects().readChild(*this, in, name, objects);
-    };
-    handlers.text = [&](QStringView text) {
-        if (inPath) {
-            m_screenshotPath = text.toString();
-            pathRead = true;
+        bool passEnd(QStringView name)
+        {
+            if (inPath && XmlKit::sameName(name, screenshotPathElement)) {
+                inPath = false;
+                return true;
+            }
+            if (inObjects && XmlKit::sameName(name, displayedObjectsElement)) {
+                inObjects = false;
+                objectsClosed = true;
+                return true;
+            }
+            return false;
         }
-    };
-    handlers.passEnd = [&](QStringView name) {
-        if (inPath && name == screenshotPathElement) {
-            inPath = false;
-            return true;
-        }
-        if (inObjects && name == displayedObjectsElement) {
-            inObjects = false;
-            objectsClosed = true;
-            return true;
-        }
-        return false;
-    };
-    handlers.mayEnd = [&]() { return pathRead && objectsClosed; };
-    in.run(handlers);
+        bool mayEnd() { return pathRead && objectsClosed; }
+    } tokens{{}, *this, in};
+    in.loop(tokens);
 }
 
 void XmlKelBtType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
