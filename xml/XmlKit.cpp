@@ -147,19 +147,32 @@ constexpr int longestDecimal = 22;
 // its length returned.
 int decimalText(bool negative, quint64 scaled, int decimals, QChar* text)
 {
-    char digits[24];
-    int count = 0;
-    for (; scaled != 0 || count <= decimals; scaled /= 10)
-        digits[count++] = char('0' + scaled % 10);
-    int length = 0;
-    if (negative)
-        text[length++] = QLatin1Char('-');
-    for (int i = count - 1; i >= 0; --i) {
-        text[length++] = QLatin1Char(digits[i]);
-        if (i == decimals && decimals > 0)
-            text[length++] = QLatin1Char('.');
+    // The digits from the last one backwards, two at a time while at least
+    // three are still to come; then the point moves in before the decimals.
+    static constexpr char pairs[] = "00010203040506070809101112131415161718192021222324"
+                                    "25262728293031323334353637383940414243444546474849"
+                                    "50515253545556575859606162636465666768697071727374"
+                                    "75767778798081828384858687888990919293949596979899";
+    QChar reversed[longestDecimal];
+    QChar* const end = reversed + longestDecimal;
+    QChar* p = end;
+    int written = 0;
+    for (; scaled >= 100 || written < decimals - 1; written += 2, scaled /= 100) {
+        const size_t pair = size_t(scaled % 100) * 2;
+        *--p = QLatin1Char(pairs[pair + 1]);
+        *--p = QLatin1Char(pairs[pair]);
     }
-    return length;
+    for (; scaled != 0 || written <= decimals; ++written, scaled /= 10)
+        *--p = QLatin1Char(char('0' + scaled % 10));
+    if (decimals > 0) {
+        std::copy(p, end - decimals, p - 1);
+        --p;
+        *(end - decimals - 1) = QLatin1Char('.');
+    }
+    if (negative)
+        *--p = QLatin1Char('-');
+    std::copy(p, end, text);
+    return int(end - p);
 }
 
 // The text of number() when it is plain to make here, its length returned;
