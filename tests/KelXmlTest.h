@@ -5,12 +5,15 @@
 
 #include <IXmlElement.h>
 
+#include <QIODevice>
 #include <QString>
 #include <QStringList>
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 #include <QtTest>
 
+#include <algorithm>
+#include <cstring>
 #include <functional>
 
 namespace KelXmlTest {
@@ -71,5 +74,42 @@ inline void verifyLinear(const std::function<bool(int count)>& work, int count =
     QVERIFY2(large < 10 * small,
              qPrintable(QStringLiteral("%1 ns, then %2 ns").arg(small).arg(large)));
 }
+
+// A device that hands out its data as a stream, like a pipe or a socket,
+// and counts what was taken from it. An open-ended one is never at its end:
+// more may come once it has handed over all it holds.
+class Stream : public QIODevice
+{
+public:
+    enum Ending
+    {
+        Ends,
+        OpenEnded,
+    };
+    explicit Stream(const QByteArray& data, Ending ending = Ends)
+        : m_data(data)
+        , m_ending(ending)
+    {
+        open(QIODevice::ReadOnly);
+    }
+    bool isSequential() const override { return true; }
+    bool atEnd() const override { return m_ending == Ends && QIODevice::atEnd(); }
+    qint64 taken() const { return m_at; }
+
+protected:
+    qint64 readData(char* data, qint64 maxSize) override
+    {
+        const qint64 count = std::min(maxSize, qint64(m_data.size()) - m_at);
+        std::memcpy(data, m_data.constData() + m_at, size_t(count));
+        m_at += count;
+        return count;
+    }
+    qint64 writeData(const char*, qint64) override { return -1; }
+
+private:
+    QByteArray m_data;
+    Ending m_ending;
+    qint64 m_at = 0;
+};
 
 } // namespace KelXmlTest

@@ -17,32 +17,6 @@ void row(const char* tag, const char* classname, const QString& xml, const QStri
     QTest::newRow(tag) << QString(classname) << xml << error;
 }
 
-// A stream that has handed over all it holds so far but is not at its end.
-class Trickle : public QIODevice
-{
-public:
-    explicit Trickle(const QByteArray& bytes)
-        : m_bytes(bytes)
-    {
-        open(QIODevice::ReadOnly);
-    }
-    bool isSequential() const override { return true; }
-    bool atEnd() const override { return false; }
-
-protected:
-    qint64 readData(char* data, qint64 size) override
-    {
-        const qint64 count = qMin(size, qint64(m_bytes.size()));
-        memcpy(data, m_bytes.constData(), size_t(count));
-        m_bytes.remove(0, int(count));
-        return count;
-    }
-    qint64 writeData(const char*, qint64) override { return -1; }
-
-private:
-    QByteArray m_bytes;
-};
-
 } // namespace
 
 class TestRobustness : public QObject
@@ -112,7 +86,7 @@ private slots:
         QFETCH(QString, xml);
         const auto element = XmlElementRegistry::create(classname);
         QVERIFY(element);
-        Trickle device(xml.toUtf8());
+        KelXmlTest::Stream device(xml.toUtf8(), KelXmlTest::Stream::OpenEnded);
         QXmlStreamReader reader(&device);
         reader.readNextStartElement();
         const QDeadlineTimer deadline(2000);

@@ -91,34 +91,6 @@ qint64 columnOf(const QByteArray& document, const char* needle)
     return document.indexOf(needle) + 1;
 }
 
-// A device that hands out its data as a stream, like a pipe or a socket,
-// and counts what was taken from it.
-class Stream : public QIODevice
-{
-public:
-    explicit Stream(const QByteArray& data)
-        : m_data(data)
-    {
-        open(QIODevice::ReadOnly);
-    }
-    bool isSequential() const override { return true; }
-    qint64 taken() const { return m_at; }
-
-protected:
-    qint64 readData(char* data, qint64 maxSize) override
-    {
-        const qint64 count = std::min(maxSize, qint64(m_data.size()) - m_at);
-        std::memcpy(data, m_data.constData() + m_at, size_t(count));
-        m_at += count;
-        return count;
-    }
-    qint64 writeData(const char*, qint64) override { return -1; }
-
-private:
-    QByteArray m_data;
-    qint64 m_at = 0;
-};
-
 XmlReadLimits smallLimits()
 {
     XmlReadLimits limits;
@@ -289,7 +261,7 @@ private slots:
 
         if (document.size() > MiB)
             return; // a stream is read up to the size limit: covered by the small rows
-        Stream stream(document);
+        KelXmlTest::Stream stream(document);
         timer.restart();
         result = reader.read(QStringLiteral("command"), &stream);
         verify(result, timer.elapsed(), "stream");
