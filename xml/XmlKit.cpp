@@ -183,11 +183,13 @@ int numberInto(double value, char format, int precision, QChar* text)
     quint64 scaled = 0;
     if (format == 'f' && scaleExactly(value, precision, &scaled))
         return decimalText(negative, scaled, precision, text);
-    if (format == 'g' && precision == 6 && value != 0) {
+    if (format == 'g' && precision == 6 && value != 0 && std::isfinite(value)) {
         // Six significant digits: the decimal exponent x of |value| is the one
         // with 10^5 <= |value| * 10^(5 - x) < 10^6; rounding to 5 - x decimals
         // may carry into a seventh digit, and then x grows by one. Qt writes
         // decimal notation when -4 <= x < 6, trailing zeros dropped.
+        // (Infinities and NaN, which Qt writes, never come here: ilogb() of
+        // them is out of range for this product.)
         int exponent = std::ilogb(value) * 30103 / 100000; // log10(2): off by one at most
         quint64 truncated = 0;
         for (int attempts = 0; attempts < 3; ++attempts) {
