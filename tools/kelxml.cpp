@@ -34,13 +34,17 @@ enum Status
     UsageError = 64, // the command line is wrong
 };
 
+// How many faults of a report are printed unless --faults says otherwise.
+constexpr qint64 defaultFaults = 100;
+
 const char* const description =
     "Checks and formats KelXml elements stored in files.\n"
     "\n"
     "Commands:\n"
     "  check --as CLASS FILE...  Read the first element of each file as an object of\n"
     "                            CLASS and say whether it is valid; otherwise print\n"
-    "                            the located read error or the validation report.\n"
+    "                            the located read error or the validation report\n"
+    "                            (its first 100 faults unless --faults says otherwise).\n"
     "  format --as CLASS FILE    Read the element and write it back to standard output\n"
     "                            in its canonical, indented form.\n"
     "  classes                   List the element classes (and aliases) known.\n"
@@ -145,14 +149,74 @@ Reading readFile(const XmlDocumentReader& documents, const QString& className, c
     return reading;
 }
 
-QString indented(const QString& text)
+// Prints an element's report as syntaxError() frames it, every line indented
+// by four spaces, while the checks walk the tree: nothing is held but the
+// frames still open, so a report far larger than the document costs no
+// memory. After the first `limit` messages (all when limit is negative) the
+// rest are only counted, and a last line says how many were left out.
+class ReportPrinter : public KelXml::XmlReportSink
 {
-    QString result = text;
-    result.replace(QLatin1Char('\n'), QLatin1String("\n    "));
-    return QLatin1String("    ") + result;
-}
+public:
+    ReportPrinter(QTextStream& stream, qint64 limit)
+        : m_stream(stream)
+        , m_limit(limit)
+    {}
 
-int check(const XmlDocumentReader& documents, const QString& className, const QStringList& files)
+    void enter(const QString& classname) override { m_frames.push_back(&classname); }
+    void message(const QString& text) override
+    {
+        ++m_messages;
+        if (m_limit >= 0 && m_messages > m_limit)
+            return;
+        // A block is shown from its first message on, with the blocks around it.
+        for (; m_opened < m_frames.size(); ++m_opened)
+            line(QLatin1String("+++ in "), *m_frames[m_opened], QLatin1String(" Begin:"));
+        if (text.contains(QLatin1Char('\n')))
+            m_stream << indent << QString(text).replace(QLatin1Char('\n'), QLatin1String("\n    "));
+        else
+            m_stream << indent << text;
+        m_stream << '\n';
+    }
+    void leave() override
+    {
+        if (m_opened == m_frames.size()) {
+            line(QLatin1String("--- in "), *m_frames.back(), QLatin1String(" End"));
+            --m_opened;
+        }
+        m_frames.pop_back();
+    }
+
+    // Prints the report of the element, then what was left out.
+    void print(const IXmlElement& element)
+    {
+        if (const auto* walked = dynamic_cast<const KelXml::XmlElementBase*>(&element))
+            walked->reportTo(*this);
+        if (m_messages == 0)
+            m_stream << indent << '\n'; // an element that is invalid without a message
+        if (m_limit >= 0 && m_messages > m_limit) {
+            m_stream << indent << "... " << (m_messages - m_limit) << " more "
+                     << (m_messages - m_limit == 1 ? "fault" : "faults") << " of " << m_messages
+                     << " not shown (--faults all shows every one)\n";
+        }
+    }
+
+private:
+    static constexpr const char* indent = "    ";
+
+    void line(QLatin1String before, const QString& classname, QLatin1String after)
+    {
+        m_stream << indent << before << classname << after << '\n';
+    }
+
+    QTextStream& m_stream;
+    qint64 m_limit;
+    qint64 m_messages = 0;
+    std::vector<const QString*> m_frames; // entered and not left, innermost last
+    size_t m_opened = 0;                  // how many of them, from the outermost, are shown
+};
+
+int check(const XmlDocumentReader& documents, const QString& className, const QStringList& files,
+          qint64 faults)
 {
     int status = Valid;
     for (const QString& file : files) {
@@ -161,8 +225,8 @@ int check(const XmlDocumentReader& documents, const QString& className, const QS
             out() << reading.error << "\n";
             status = Unreadable;
         } else if (!reading.element->isValid()) {
-            out() << file << ": invalid " << className << " \"" << reading.elementName << "\":\n"
-                  << indented(reading.element->syntaxError()) << "\n";
+            out() << file << ": invalid " << className << " \"" << reading.elementName << "\":\n";
+            ReportPrinter(out(), faults).print(*reading.element);
             if (status == Valid)
                 status = Invalid;
         } else {
@@ -189,7 +253,8 @@ int readAndWrite(const XmlDocumentReader& documents, const QString& className, c
     return write(reading, output);
 }
 
-int format(const XmlDocumentReader& documents, const QString& className, const QString& file)
+int format(const XmlDocumentReader& documents, const QString& className, const QString& file,
+           qint64 faults)
 {
     return readAndWrite(documents, className, file, [&](const Reading& reading, QFile& output) {
         QXmlStreamWriter writer(&output);
@@ -199,8 +264,8 @@ int format(const XmlDocumentReader& documents, const QString& className, const Q
         writer.writeEndDocument();
         output.close();
         if (!reading.element->isValid()) {
-            err() << file << ": invalid " << className << ":\n"
-                  << indented(reading.element->syntaxError()) << "\n";
+            err() << file << ": invalid " << className << ":\n";
+            ReportPrinter(err(), faults).print(*reading.element);
             return Invalid;
         }
         return Valid;
@@ -272,6 +337,13 @@ int main(int argc, char* argv[])
             .arg(defaults.maxValueLength),
         QStringLiteral("N"));
     parser.addOptions({maxBytesOption, maxDepthOption, maxAttributesOption, maxValueLengthOption});
+    const QCommandLineOption faultsOption(
+        QStringLiteral("faults"),
+        QStringLiteral("Print the first N faults of an invalid element's report and count the "
+                       "rest; 'all' prints the whole report (default %1).")
+            .arg(defaultFaults),
+        QStringLiteral("N|all"));
+    parser.addOption(faultsOption);
     parser.addPositionalArgument(QStringLiteral("command"),
                                  QStringLiteral("check, format, classes, geojson or svg."));
     parser.addPositionalArgument(QStringLiteral("files"), QStringLiteral("The files to read."),
@@ -323,6 +395,20 @@ int main(int argc, char* argv[])
         return usageError(QStringLiteral("--%1 needs a positive integer, not '%2'.")
                               .arg(badOption, parser.value(badOption)));
     }
+    qint64 faults = defaultFaults;
+    if (parser.isSet(faultsOption)) {
+        const QString value = parser.value(faultsOption);
+        bool ok = true;
+        if (value == QLatin1String("all")) {
+            faults = -1;
+        } else {
+            faults = value.toLongLong(&ok);
+            ok = ok && faults >= 0;
+        }
+        if (!ok)
+            return usageError(
+                QStringLiteral("--faults needs a number of faults or 'all', not '%1'.").arg(value));
+    }
     const XmlDocumentReader documents(limits);
 
     if (command == QLatin1String("geojson") || command == QLatin1String("svg")) {
@@ -353,7 +439,7 @@ int main(int argc, char* argv[])
     if (command == QLatin1String("format")) {
         if (arguments.size() != 1)
             return usageError(QStringLiteral("'format' takes exactly one file."));
-        return format(documents, className, arguments.first());
+        return format(documents, className, arguments.first(), faults);
     }
-    return check(documents, className, arguments);
+    return check(documents, className, arguments, faults);
 }

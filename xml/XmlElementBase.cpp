@@ -2,16 +2,106 @@
 
 #include <QXmlStreamReader>
 
+#include <algorithm>
+#include <atomic>
 #include <mutex>
 #include <unordered_set>
+#include <vector>
 
 namespace KelXml {
 
+// The messages an element has accumulated. A child's block is one message of
+// its parent's, held as a reference to the child's report: building a deep
+// report copies no text from level to level, and the text is made only when
+// asked for. Reports are shared between copies and parents, and never change
+// while shared (writableReport() unshares one first).
 struct XmlElementBase::Report
 {
+    struct Message
+    {
+        QString text;
+        Report* block = nullptr; // a child's block, held by reference; text is then empty
+    };
+
+    explicit Report(const QString* name)
+        : classname(name)
+    {}
+    Report(const Report& other)
+        : classname(other.classname)
+        , messages(other.messages)
+    {
+        for (const Message& message : messages)
+            retain(message.block);
+    }
+    Report& operator=(const Report&) = delete;
+    ~Report()
+    {
+        for (const Message& message : messages)
+            release(message.block);
+    }
+
+    static void retain(Report* report)
+    {
+        if (report)
+            report->references.fetch_add(1, std::memory_order_relaxed);
+    }
+    static void release(Report* report)
+    {
+        if (report && report->references.fetch_sub(1, std::memory_order_acq_rel) == 1)
+            delete report;
+    }
+
+    // The length of the framed block, then the block written at out.
+    qsizetype framedLength() const;
+    QChar* writeFramed(QChar* out) const;
+
+    std::atomic<int> references{1};
     const QString* classname;
-    QString text;
+    std::vector<Message> messages;
 };
+
+namespace {
+
+const QLatin1String blockBegin("+++ in ");
+const QLatin1String blockBeginEnd(" Begin:\n");
+const QLatin1String blockEnd("\n--- in ");
+const QLatin1String blockEndEnd(" End");
+
+QChar* put(QChar* out, QLatin1String text)
+{
+    for (const char c : text)
+        *out++ = QLatin1Char(c);
+    return out;
+}
+
+QChar* put(QChar* out, const QString& text)
+{
+    return std::copy(text.constBegin(), text.constEnd(), out);
+}
+
+} // namespace
+
+qsizetype XmlElementBase::Report::framedLength() const
+{
+    qsizetype length = blockBegin.size() + blockBeginEnd.size() + blockEnd.size() +
+                       blockEndEnd.size() + 2 * classname->size();
+    for (const Message& message : messages)
+        length += message.block ? message.block->framedLength() : message.text.size();
+    return length + qsizetype(messages.size()) - 1; // the line feeds between messages
+}
+
+QChar* XmlElementBase::Report::writeFramed(QChar* out) const
+{
+    out = put(put(put(out, blockBegin), *classname), blockBeginEnd);
+    bool first = true;
+    for (const Message& message : messages) {
+        if (!first)
+            *out++ = QLatin1Char('\n');
+        first = false;
+        out = message.block ? message.block->writeFramed(out) : put(out, message.text);
+    }
+    return put(put(put(out, blockEnd), *classname), blockEndEnd);
+}
 
 namespace {
 
@@ -47,17 +137,15 @@ XmlElementBase::XmlElementBase(const XmlElementBase& other)
     : IXmlElement(other)
     , m_state(other.m_state)
 {
-    if (const Report* theirs = other.report())
-        m_state = quintptr(new Report(*theirs)) | reportBit;
+    Report::retain(other.report()); // shared until one side changes it
 }
 
 XmlElementBase& XmlElementBase::operator=(const XmlElementBase& other)
 {
     if (this != &other) {
+        Report::retain(other.report());
         dropReport();
         m_state = other.m_state;
-        if (const Report* theirs = other.report())
-            m_state = quintptr(new Report(*theirs)) | reportBit;
     }
     return *this;
 }
@@ -71,8 +159,24 @@ void XmlElementBase::dropReport()
 {
     if (Report* mine = report()) { // the lowest bit: see report()
         m_state = quintptr(mine->classname);
-        delete mine;
+        Report::release(mine);
     }
+}
+
+XmlElementBase::Report* XmlElementBase::writableReport()
+{
+    Report* mine = report();
+    if (!mine) {
+        mine = new Report(reinterpret_cast<const QString*>(m_state));
+    } else if (mine->references.load(std::memory_order_acquire) != 1) {
+        Report* shared = mine;
+        mine = new Report(*shared);
+        Report::release(shared);
+    } else {
+        return mine;
+    }
+    m_state = quintptr(mine) | reportBit;
+    return mine;
 }
 
 bool XmlElementBase::isValid() const
@@ -106,14 +210,7 @@ void XmlElementBase::addSyntaxError(const QString& message)
 {
     if (message.isEmpty())
         return;
-    Report* mine = report();
-    if (!mine) {
-        mine = new Report{reinterpret_cast<const QString*>(m_state), QString()};
-        m_state = quintptr(mine) | reportBit;
-    } else {
-        mine->text += QLatin1Char('\n');
-    }
-    mine->text += message;
+    writableReport()->messages.push_back({message, nullptr});
 }
 
 void XmlElementBase::clearSyntaxError()
@@ -130,11 +227,24 @@ const QString& XmlElementBase::classname() const
 
 QString XmlElementBase::mySyntaxError() const
 {
-    static const QString framed = QStringLiteral("+++ in %1 Begin:\n%2\n--- in %1 End");
+    // "+++ in <class> Begin:\n<messages>\n--- in <class> End", the blocks of
+    // the children written in place: the text is built once, at its size.
     const Report* mine = report();
     if (!mine)
         return QString();
-    return framed.arg(*mine->classname, mine->text);
+    QString text(mine->framedLength(), Qt::Uninitialized);
+    mine->writeFramed(text.data());
+    return text;
+}
+
+void XmlElementBase::reportTo(XmlReportSink& sink) const
+{
+    if (!sink.wantsMore())
+        return;
+    sink.enter(classname());
+    XmlChecks checks(sink);
+    checkContent(checks);
+    sink.leave();
 }
 
 void XmlElementBase::checkContent(XmlChecks&) const {}
@@ -144,11 +254,31 @@ void XmlChecks::failVersion(const QString& version)
     fail(QStringLiteral("Version \"%1\" not supported").arg(version));
 }
 
-void XmlChecks::reportOf(IXmlElement& child)
+XmlReportSink::~XmlReportSink() = default;
+
+void XmlChecks::descend(XmlElementBase& child)
 {
-    const QString text = child.syntaxError();
-    if (!text.isEmpty())
-        fail(text);
+    if (m_sink) {
+        if (!m_sink->wantsMore())
+            return;
+        XmlChecks inner(*m_sink);
+        m_sink->enter(child.classname());
+        child.checkContent(inner);
+        m_sink->leave();
+        if (!inner.m_passed)
+            m_passed = false;
+        return;
+    }
+    // The child's report is built as its own syntaxError() builds it, and
+    // its block becomes one message of this report, by reference.
+    child.dropReport();
+    XmlChecks inner(child);
+    child.checkContent(inner);
+    if (XmlElementBase::Report* block = child.report()) {
+        m_passed = false;
+        XmlElementBase::Report::retain(block);
+        m_report->writableReport()->messages.push_back({QString(), block});
+    }
 }
 
 void XmlChecks::fail(const QString& message)
@@ -156,6 +286,8 @@ void XmlChecks::fail(const QString& message)
     m_passed = false;
     if (m_report)
         m_report->addSyntaxError(message);
+    else if (m_sink && !message.isEmpty() && m_sink->wantsMore())
+        m_sink->message(message);
 }
 
 } // namespace KelXml

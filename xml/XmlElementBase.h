@@ -9,6 +9,7 @@
 namespace KelXml {
 
 class XmlChecks;
+class XmlReportSink;
 
 /// The base of every element class. It holds the class name that every message
 /// of the element carries, and the text that syntaxError() accumulates. Both
@@ -32,6 +33,12 @@ public:
     /// Returns the element to its constructed state. This base part empties the
     /// accumulated error text; every concrete reset() ends here.
     void reset() override;
+
+    /// Walks the same rules as syntaxError(), in the same order, and hands each
+    /// message to the sink with the frames of the elements around it, without
+    /// building, keeping or changing any report text. For reports too large to
+    /// hold whole, or when only some of their messages are wanted.
+    void reportTo(XmlReportSink& sink) const;
 
 protected:
     /// A class name that outlives every object made with it, such as one
@@ -67,24 +74,56 @@ private:
         return m_state & 1 ? reinterpret_cast<Report*>(m_state & ~quintptr(1)) : nullptr;
     }
     void dropReport();
+    // The report, created when there is none and unshared before it changes.
+    Report* writableReport();
 
     // One word per element: the class name (a string shared by every object
     // of the class) or, once text has been accumulated, a Report holding the
-    // name and the text, marked by the lowest bit.
+    // name and the messages, marked by the lowest bit. A child's block is held
+    // in its parent's report by reference, not copied, and copies of an
+    // element share its report until one of them changes it.
     quintptr m_state;
 };
 
+/// Receives an element tree's report as a walk (XmlElementBase::reportTo()):
+/// every element checked opens a frame, its own messages and its children's
+/// frames follow in report order, and the frame closes. A frame that receives
+/// no message, directly or below, is not part of the report: syntaxError()
+/// shows a block only for an element with at least one message.
+/// \ingroup framework
+class KELXML_EXPORT XmlReportSink
+{
+public:
+    virtual ~XmlReportSink();
+    /// The checks of an element begin; classname is what its block is framed with.
+    virtual void enter(const QString& classname) = 0;
+    /// A message of the element entered last and not yet left: one line of
+    /// the report, or several for an element outside the framework.
+    virtual void message(const QString& text) = 0;
+    /// The checks of the element entered last end.
+    virtual void leave() = 0;
+    /// False once the sink needs nothing more: the walk then enters no
+    /// further element and hands over no further message.
+    virtual bool wantsMore() const { return true; }
+};
+
 /// Collects the outcome of an element's rules, either as a verdict (stopping at
-/// the first failure) or as a report into the element's accumulated text.
+/// the first failure), as a report into the element's accumulated text, or as
+/// a walk handed to a sink.
 /// \ingroup framework
 class KELXML_EXPORT XmlChecks
 {
 public:
     /// A verdict only: no message is built.
     XmlChecks() = default;
-    /// A report: each failure adds its message to the element's text.
+    /// A report: each failure adds its message to the element's text, and
+    /// each child's block is added as one message.
     explicit XmlChecks(XmlElementBase& element)
         : m_report(&element)
+    {}
+    /// A walk: each failure and each child's frame goes to the sink.
+    explicit XmlChecks(XmlReportSink& sink)
+        : m_sink(&sink)
     {}
 
     /// False once a rule has failed.
@@ -103,12 +142,12 @@ public:
             fail(message);
     }
     /// Takes in a child's verdict or report; a null child is skipped.
-    void child(IXmlElement* child)
+    void child(XmlElementBase* child)
     {
         if (!child)
             return;
-        if (m_report)
-            reportOf(*child);
+        if (m_report || m_sink)
+            descend(*child);
         else if (m_passed && !child->isValid())
             m_passed = false;
     }
@@ -131,9 +170,11 @@ public:
 private:
     void fail(const QString& message);
     void failVersion(const QString& version);
-    void reportOf(IXmlElement& child);
+    // The child's own rules, run in the mode of these checks.
+    void descend(XmlElementBase& child);
 
     XmlElementBase* m_report = nullptr;
+    XmlReportSink* m_sink = nullptr;
     bool m_passed = true;
 };
 

@@ -10,11 +10,11 @@
 #include "XmlReceiverType.h"
 #include "XmlStationType.h"
 
-#include <QRegularExpression>
 #include <QStringList>
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 namespace KelXml {
 
@@ -22,41 +22,42 @@ namespace {
 
 using Position = XmlGeoFeature::Position;
 
-// The first message of a report, with the class whose block holds it. The
-// report's frame lines ("+++ in X Begin:", "--- in X End") only name classes.
-QString firstMessage(const QString& report)
+// The first message of an object's report, as its first line, prefixed with
+// the class whose block holds it unless it names that class already. The walk
+// stops at it, so an object with many faults costs no more than one.
+class FirstMessage : public XmlReportSink
 {
-    static const QRegularExpression begin(QStringLiteral("^\\+\\+\\+ in (\\S+) Begin:$"));
-    static const QRegularExpression end(QStringLiteral("^--- in \\S+ End$"));
-    QStringList classes;
-    const QStringList lines = report.split(QLatin1Char('\n'));
-    for (const QString& line : lines) {
-        const QRegularExpressionMatch opened = begin.match(line);
-        if (opened.hasMatch()) {
-            classes.append(opened.captured(1));
-        } else if (end.match(line).hasMatch()) {
-            if (!classes.isEmpty())
-                classes.removeLast();
-        } else if (!line.isEmpty()) {
-            // Some messages name their class already.
-            if (classes.isEmpty() || line.startsWith(classes.last() + QLatin1Char(':')))
-                return line;
-            return classes.last() + QLatin1String(": ") + line;
-        }
+public:
+    void enter(const QString& classname) override { m_classes.push_back(&classname); }
+    void message(const QString& text) override
+    {
+        const QString line = text.left(text.indexOf(QLatin1Char('\n')));
+        const QString& holder = *m_classes.back();
+        const bool named = line.size() > holder.size() && line.startsWith(holder) &&
+                           line.at(holder.size()) == QLatin1Char(':');
+        m_text = named ? line : holder + QLatin1String(": ") + line;
+        m_found = true;
     }
-    return lines.value(0);
-}
+    void leave() override { m_classes.pop_back(); }
+    bool wantsMore() const override { return !m_found; }
 
-// The report is built by a non-const call, so a copy of the object gives it;
-// only invalid objects pay for the copy.
+    const QString& text() const { return m_text; }
+
+private:
+    std::vector<const QString*> m_classes; // the frames entered, innermost last
+    QString m_text;
+    bool m_found = false;
+};
+
 template <class T>
 void setValidity(XmlGeoFeature& feature, const T& object)
 {
     feature.object = &object;
     feature.valid = object.isValid();
     if (!feature.valid) {
-        T copy(object);
-        feature.problem = firstMessage(copy.syntaxError());
+        FirstMessage first;
+        object.reportTo(first);
+        feature.problem = first.text();
     }
 }
 

@@ -100,10 +100,10 @@ void XmlField::check(const XmlElementBase& owner, XmlChecks& checks) const
     if (m_unchecked)
         return;
     if (!m_alternatives.empty()) {
-        IXmlElement* present = nullptr;
+        XmlElementBase* present = nullptr;
         int count = 0;
         for (const XmlField& alternative : m_alternatives) {
-            if (IXmlElement* child = alternative.m_get(owner)) {
+            if (XmlElementBase* child = alternative.m_get(owner)) {
                 present = child;
                 ++count;
                 if (!m_exclusive)

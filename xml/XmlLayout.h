@@ -29,7 +29,7 @@ public:
     static XmlField object(const char* name, T Owner::*member)
     {
         XmlField field(name, true);
-        field.m_get = [member](const XmlElementBase& owner) -> IXmlElement* {
+        field.m_get = [member](const XmlElementBase& owner) -> XmlElementBase* {
             return const_cast<T*>(&(static_cast<const Owner&>(owner).*member));
         };
         field.m_read = [member](XmlElementBase& owner, QXmlStreamReader& reader,
@@ -57,7 +57,7 @@ public:
     static XmlField optional(const char* name, XmlOwnedPtr<T> Owner::*member, T* (*make)())
     {
         XmlField field(name, false);
-        field.m_get = [member](const XmlElementBase& owner) -> IXmlElement* {
+        field.m_get = [member](const XmlElementBase& owner) -> XmlElementBase* {
             return (static_cast<const Owner&>(owner).*member).get();
         };
         field.m_read = [member, make](XmlElementBase& owner, QXmlStreamReader& reader,
@@ -170,7 +170,7 @@ public:
 private:
     friend class XmlLayout;
 
-    using Get = std::function<IXmlElement*(const XmlElementBase&)>;
+    using Get = std::function<XmlElementBase*(const XmlElementBase&)>;
     using Read = std::function<IXmlElement*(XmlElementBase&, QXmlStreamReader&, const QString&)>;
     using AfterRead = std::function<void(XmlElementBase&, IXmlElement&)>;
     using Write = std::function<void(const XmlElementBase&, QXmlStreamWriter&, const QString&)>;

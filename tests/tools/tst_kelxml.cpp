@@ -56,6 +56,12 @@ private slots:
         QTest::newRow("word as limit")
             << QStringList{"check", "-a", "command", "--max-bytes", "lots", "a"}
             << "--max-bytes needs a positive integer, not 'lots'.";
+        QTest::newRow("negative faults")
+            << QStringList{"check", "-a", "command", "--faults=-1", "a"}
+            << "--faults needs a number of faults or 'all', not '-1'.";
+        QTest::newRow("word as faults")
+            << QStringList{"check", "-a", "command", "--faults", "most", "a"}
+            << "--faults needs a number of faults or 'all', not 'most'.";
         QTest::newRow("map without class")
             << QStringList{"geojson", "a.xml"} << "'geojson' needs --as scenario or --as command.";
         QTest::newRow("map of another class") << QStringList{"svg", "--as", "response", "a.xml"}
@@ -110,6 +116,65 @@ private slots:
         QVERIFY2(run.out.startsWith(missing + ": error: cannot open: ") &&
                      run.out.contains(trailing + ":1:22: error: not well-formed XML: "),
                  qPrintable(run.out));
+    }
+
+    // A report is cut after the faults asked for, each shown inside all of its
+    // blocks, and the rest are counted; "all" and the default show the whole.
+    void reportIsCutAfterTheFaultsAsked_data()
+    {
+        QTest::addColumn<QStringList>("options");
+        QTest::addColumn<QString>("report");
+        const QString whole = "    +++ in XmlFreqThrListType Begin:\n"
+                              "    +++ in XmlFreqThrPairType Begin:\n"
+                              "    Version \"2.0\" not supported\n"
+                              "    --- in XmlFreqThrPairType End\n"
+                              "    +++ in XmlFreqThrPairType Begin:\n"
+                              "    +++ in XmlFieldstrengthType Begin:\n"
+                              "    Illegal unit.\n"
+                              "    --- in XmlFieldstrengthType End\n"
+                              "    --- in XmlFreqThrPairType End\n"
+                              "    +++ in XmlFreqThrPairType Begin:\n"
+                              "    Version \"3.0\" not supported\n"
+                              "    --- in XmlFreqThrPairType End\n"
+                              "    --- in XmlFreqThrListType End\n";
+        QTest::newRow("default") << QStringList() << whole;
+        QTest::newRow("all") << QStringList{"--faults", "all"} << whole;
+        QTest::newRow("as many as there are") << QStringList{"--faults", "3"} << whole;
+        QTest::newRow("two") << QStringList{"--faults", "2"}
+                             << "    +++ in XmlFreqThrListType Begin:\n"
+                                "    +++ in XmlFreqThrPairType Begin:\n"
+                                "    Version \"2.0\" not supported\n"
+                                "    --- in XmlFreqThrPairType End\n"
+                                "    +++ in XmlFreqThrPairType Begin:\n"
+                                "    +++ in XmlFieldstrengthType Begin:\n"
+                                "    Illegal unit.\n"
+                                "    --- in XmlFieldstrengthType End\n"
+                                "    --- in XmlFreqThrPairType End\n"
+                                "    --- in XmlFreqThrListType End\n"
+                                "    ... 1 more fault of 3 not shown (--faults all shows every "
+                                "one)\n";
+        QTest::newRow("none") << QStringList{"--faults", "0"}
+                              << "    ... 3 more faults of 3 not shown (--faults all shows every "
+                                 "one)\n";
+    }
+    void reportIsCutAfterTheFaultsAsked()
+    {
+        QFETCH(QStringList, options);
+        QFETCH(QString, report);
+        QTemporaryDir dir;
+        QFile file(dir.filePath(QStringLiteral("pairs.xml")));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("<L><Pair version=\"2.0\"><Frequency unit=\"MHz\">5</Frequency>"
+                   "<RxThreshold unit=\"dBm\">-5</RxThreshold></Pair>"
+                   "<Pair><Frequency unit=\"MHz\">5</Frequency>"
+                   "<RxThreshold unit=\"dBW\">-5</RxThreshold></Pair>"
+                   "<Pair version=\"3.0\"><Frequency unit=\"MHz\">5</Frequency>"
+                   "<RxThreshold unit=\"dBm\">-5</RxThreshold></Pair></L>");
+        file.close();
+        const Run run =
+            kelxml(QStringList{"check", "--as", "XmlFreqThrListType", file.fileName()} + options);
+        QCOMPARE(run.status, 1);
+        QCOMPARE(run.out, file.fileName() + ": invalid XmlFreqThrListType \"L\":\n" + report);
     }
 
     // A file beyond a limit is unreadable; the answer names the limit and the

@@ -1,6 +1,7 @@
 #include "KelXmlTest.h"
 
 #include <XmlDBMType.h>
+#include <XmlFreqThrListType.h>
 #include <XmlFreqThrPairType.h>
 
 #include <QtTest>
@@ -30,6 +31,45 @@ struct NamedProbe : XmlElementBase
     using XmlElementBase::addSyntaxError;
     using XmlElementBase::classname;
     using XmlElementBase::mySyntaxError;
+};
+
+// Renders a walk as syntaxError() frames it (a block only around messages),
+// and records the calls; it wants no more after `limit` messages.
+struct Rendering : XmlReportSink
+{
+    explicit Rendering(int limitCount = -1)
+        : limit(limitCount)
+    {}
+    void enter(const QString& classname) override
+    {
+        frames.append(classname);
+        calls.append("enter " + classname);
+    }
+    void message(const QString& text) override
+    {
+        for (; opened < frames.size(); ++opened)
+            lines.append("+++ in " + frames.at(opened) + " Begin:");
+        lines.append(text);
+        calls.append("message");
+        ++messages;
+    }
+    void leave() override
+    {
+        if (opened == frames.size()) {
+            lines.append("--- in " + frames.last() + " End");
+            --opened;
+        }
+        frames.removeLast();
+        calls.append("leave");
+    }
+    bool wantsMore() const override { return limit < 0 || messages < limit; }
+
+    int limit;
+    int messages = 0;
+    QStringList frames;
+    int opened = 0;
+    QStringList lines;
+    QStringList calls;
 };
 
 } // namespace
@@ -98,6 +138,83 @@ private slots:
         QVERIFY(pair.mySyntaxError().isNull());
         static_cast<XmlFreqThrPairType&>(pair) = copy;
         QCOMPARE(pair.mySyntaxError(), report);
+    }
+
+    // A parent holds its children's blocks as they were when it was checked:
+    // replacing or re-checking a child later changes nothing in it, and a copy
+    // that adds to its text leaves the original's alone.
+    void accumulatedBlocksStayAsBuilt()
+    {
+        PairProbe pair;
+        QCOMPARE(KelXmlTest::read(pair, "<P><Frequency unit=\"MHz\">-5</Frequency>"
+                                        "<RxThreshold unit=\"dBm\">-50</RxThreshold></P>"),
+                 QString());
+        const QString report = pair.syntaxError();
+        QVERIFY(report.contains("Illegal frequency."));
+
+        XmlFreqType valid;
+        valid.setFrequency_MHz(5.0);
+        pair.setFrequency(valid);
+        QCOMPARE(pair.mySyntaxError(), report);
+        PairProbe copy(pair);
+        QCOMPARE(copy.syntaxError(), QString());
+        QCOMPARE(pair.mySyntaxError(), report);
+
+        NamedProbe probe(1);
+        probe.addSyntaxError("first");
+        NamedProbe other(probe);
+        other.addSyntaxError("second");
+        QCOMPARE(probe.mySyntaxError(),
+                 QStringLiteral("+++ in Probe1 Begin:\nfirst\n--- in Probe1 End"));
+        QCOMPARE(other.mySyntaxError(),
+                 QStringLiteral("+++ in Probe1 Begin:\nfirst\nsecond\n--- in Probe1 End"));
+    }
+
+    // The walk hands over exactly the report's lines, entering valid children
+    // too, and keeps no text in the tree.
+    void walkMatchesTheReport_data()
+    {
+        QTest::addColumn<QString>("xml");
+        QTest::newRow("valid") << "<L><Pair><Frequency unit=\"MHz\">5</Frequency>"
+                                  "<RxThreshold unit=\"dBm\">-5</RxThreshold></Pair></L>";
+        QTest::newRow("own message first")
+            << "<L version=\"2.0\"><Pair><Frequency unit=\"MHz\">5</Frequency>"
+               "<RxThreshold unit=\"dBm\">-5</RxThreshold></Pair></L>";
+        QTest::newRow("nested") << "<L><Pair version=\"2.0\"><Frequency unit=\"MHz\">5</Frequency>"
+                                   "<RxThreshold unit=\"dBW\">-5</RxThreshold></Pair>"
+                                   "<Pair><Frequency unit=\"MHz\">5</Frequency>"
+                                   "<RxThreshold unit=\"dBm\">-5</RxThreshold></Pair>"
+                                   "<Pair><Frequency unit=\"MHz\">-5</Frequency>"
+                                   "<RxThreshold unit=\"dBm\">-5</RxThreshold></Pair></L>";
+    }
+    void walkMatchesTheReport()
+    {
+        QFETCH(QString, xml);
+        XmlFreqThrListType list;
+        QCOMPARE(KelXmlTest::read(list, xml), QString());
+        Rendering walk;
+        list.reportTo(walk);
+        QCOMPARE(walk.frames, QStringList());
+        const QString report = list.syntaxError();
+        QCOMPARE(walk.lines.join('\n'), report);
+        QCOMPARE(walk.calls.count("enter XmlFreqThrPairType"), list.freqThrPairs().size());
+    }
+
+    // A sink that has what it wants ends the walk: nothing more is entered.
+    void walkStopsWhenTheSinkIsFull()
+    {
+        XmlFreqThrListType list;
+        QCOMPARE(KelXmlTest::read(list,
+                                  "<L><Pair version=\"2.0\"><Frequency unit=\"MHz\">-5</Frequency>"
+                                  "<RxThreshold unit=\"dBm\">-5</RxThreshold></Pair>"
+                                  "<Pair version=\"3.0\"><Frequency unit=\"MHz\">5</Frequency>"
+                                  "<RxThreshold unit=\"dBm\">-5</RxThreshold></Pair></L>"),
+                 QString());
+        Rendering first(1);
+        list.reportTo(first);
+        QCOMPARE(first.calls, QStringList({"enter XmlFreqThrListType", "enter XmlFreqThrPairType",
+                                           "message", "leave", "leave"}));
+        QCOMPARE(first.lines.at(2), QStringLiteral("Version \"2.0\" not supported"));
     }
 
     // The class name is kept whatever string it came from, and each object

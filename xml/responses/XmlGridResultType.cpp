@@ -41,7 +41,7 @@ const int firstType = Self::FindSites;
 const int lastType = Self::BestSensorCov;
 
 template <class T>
-IXmlElement* renewed(XmlOwnedPtr<T>& child)
+XmlElementBase* renewed(XmlOwnedPtr<T>& child)
 {
     child = XmlOwnedPtr<T>::make();
     return child.get();
@@ -53,7 +53,7 @@ XmlGridResultType::XmlGridResultType()
     , m_type(ResultUndefined)
 {}
 
-IXmlElement* XmlGridResultType::parameter(int type) const
+XmlElementBase* XmlGridResultType::parameter(int type) const
 {
     switch (type) {
     case FindSites:
@@ -71,7 +71,7 @@ IXmlElement* XmlGridResultType::parameter(int type) const
     }
 }
 
-IXmlElement* XmlGridResultType::renewParameter(int type)
+XmlElementBase* XmlGridResultType::renewParameter(int type)
 {
     switch (type) {
     case FindSites:
@@ -116,7 +116,7 @@ void XmlGridResultType::processXml(QXmlStreamReader& reader, const QString& elem
                 insideWrapper = true;
             } else if (XmlKit::sameName(name, parameterElement) && insideWrapper &&
                        !parameterClosed && !screenshotRead) {
-                if (IXmlElement* object = self.renewParameter(self.m_type))
+                if (XmlElementBase* object = self.renewParameter(self.m_type))
                     object->processXml(reader, wrapper);
             } else if (XmlKit::sameName(name, screenshotElement) && insideWrapper &&
                        parameterClosed && !screenshotRead) {

@@ -73,10 +73,10 @@ protected:
 private:
     /// The parameter object of a result type; null when absent or for a type
     /// without one.
-    IXmlElement* parameter(int type) const;
+    XmlElementBase* parameter(int type) const;
     /// Replaces the parameter object of a result type with a new one; null
     /// for a type without one.
-    IXmlElement* renewParameter(int type);
+    XmlElementBase* renewParameter(int type);
 
     ResultType m_type;
     XmlOwnedPtr<XmlFindSitesType> m_findSites;

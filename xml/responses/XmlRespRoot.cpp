@@ -19,7 +19,7 @@ const XmlEnumTexts typeTexts({{XmlRespRoot::Interactive, "interactive"},
                              "UNDEFINED");
 
 // The content that the type announces must be there, and alone.
-void checkAnnounced(XmlChecks& checks, IXmlElement* announced, bool otherPresent,
+void checkAnnounced(XmlChecks& checks, XmlElementBase* announced, bool otherPresent,
                     const QString& bothMessage, const QString& noneMessage)
 {
     if (!announced)
