@@ -45,7 +45,8 @@ for package in KelXml KelXml6; do
     lib=$prefix/$(libdir "$build")
 
     consumer=$work/consumer-$package
-    cmake -S "$source/tests/package" -B "$consumer" -DKELXML_PACKAGE=$package \
+    # Ninja, as the builds themselves: a bare machine need not have make.
+    cmake -S "$source/tests/package" -B "$consumer" -G Ninja -DKELXML_PACKAGE=$package \
         -DCMAKE_PREFIX_PATH="$prefix" >"$work/$package.log" 2>&1 \
         && cmake --build "$consumer" >>"$work/$package.log" 2>&1 \
         || fail "find_package($package) does not build the consumer (see $work/$package.log)"
