@@ -6,6 +6,7 @@
 // must say where it happened.
 
 #include <XmlDocumentReader.h>
+#include <XmlElementBase.h>
 
 #include <QByteArray>
 #include <QXmlStreamWriter>
@@ -13,6 +14,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
+#include <vector>
 
 namespace KelXmlFuzz {
 
@@ -31,6 +33,40 @@ inline QByteArray written(const KelXml::IXmlElement& element, const QString& nam
     writer.writeEndDocument();
     return text;
 }
+
+// The report as the walk hands it over, framed as syntaxError() frames it.
+class Rendering : public KelXml::XmlReportSink
+{
+public:
+    void enter(const QString& classname) override { m_frames.push_back(&classname); }
+    void message(const QString& text) override
+    {
+        for (; m_opened < m_frames.size(); ++m_opened)
+            line(QStringLiteral("+++ in ") + *m_frames[m_opened] + QStringLiteral(" Begin:"));
+        line(text);
+    }
+    void leave() override
+    {
+        if (m_opened == m_frames.size()) {
+            line(QStringLiteral("--- in ") + *m_frames.back() + QStringLiteral(" End"));
+            --m_opened;
+        }
+        m_frames.pop_back();
+    }
+    const QString& text() const { return m_text; }
+
+private:
+    void line(const QString& text)
+    {
+        if (!m_text.isEmpty())
+            m_text += QLatin1Char('\n');
+        m_text += text;
+    }
+
+    std::vector<const QString*> m_frames;
+    size_t m_opened = 0;
+    QString m_text;
+};
 
 inline int readDocument(const char* alias, const uint8_t* data, size_t size)
 {
@@ -55,7 +91,13 @@ inline int readDocument(const char* alias, const uint8_t* data, size_t size)
     }
 
     result.root->isValid();
-    result.root->syntaxError();
+    const QString report = result.root->syntaxError();
+    // The walk that the tool prints from gives the same report.
+    if (const auto* element = dynamic_cast<const KelXml::XmlElementBase*>(result.root.get())) {
+        Rendering walk;
+        element->reportTo(walk);
+        require(walk.text() == report);
+    }
     written(*result.root, result.rootName);
     result.root->reset();
     result.root->isValid();

@@ -2,13 +2,17 @@
 # Runs the libFuzzer targets one after the other, each for SECONDS, started
 # with the samples; the corpora grow in FUZZ_BUILD/corpus/<target> from run to
 # run. Afterwards each target's corpus is run once more and the slowest input
-# is reported (inputs must take less than 100 ms; a second is a failure).
+# is reported (inputs must take less than 100 ms; a second, or a second per
+# 256 KB of the longest input allowed, is a failure).
 #
 # Usage: scripts/fuzz.sh FUZZ_BUILD KELXML [SECONDS] [TARGET...]
 #   FUZZ_BUILD  the clang build with the fuzzers (build/fuzz)
 #   KELXML      a kelxml tool, to number the classes for fuzz_elements
 #   TARGET      fuzz_elements, fuzz_command, fuzz_response, fuzz_scenario (default: all)
 # Extra libFuzzer options can be given in FUZZ_OPTIONS, e.g. FUZZ_OPTIONS=-runs=10000000.
+# FUZZ_MAX_LEN (default 32768) bounds the inputs; FUZZ_SEEDS names a folder
+# whose command-*, response-* and scenario-* files join the starting inputs of
+# their target (large generated documents, for a run at size).
 set -euo pipefail
 usage="usage: scripts/fuzz.sh FUZZ_BUILD KELXML [SECONDS] [TARGET...]"
 build=${1:?$usage}
@@ -42,7 +46,17 @@ fill_corpus() {
         ;;
     *) echo "unknown target $target" >&2; exit 64 ;;
     esac
+    if [ -n "${FUZZ_SEEDS:-}" ]; then
+        local kind=${target#fuzz_} seed
+        for seed in "$FUZZ_SEEDS"/"$kind"-*; do
+            [ -e "$seed" ] && cp "$seed" "$corpus"/
+        done
+    fi
+    return 0
 }
+max_len=${FUZZ_MAX_LEN:-32768}
+# An input takes at most a second per 256 KB it may hold; slow ones are reported.
+timeout=$(((max_len + 262143) / 262144))
 
 for target in "${targets[@]}"; do
     fuzzer=$build/fuzz/$target
@@ -50,7 +64,8 @@ for target in "${targets[@]}"; do
     echo "== $target for $seconds s"
     log=$build/$target.log
     # shellcheck disable=SC2086
-    if ! "$fuzzer" -max_total_time="$seconds" -max_len=32768 -timeout=1 -rss_limit_mb=512 \
+    if ! "$fuzzer" -max_total_time="$seconds" -max_len="$max_len" -timeout="$timeout" \
+        -rss_limit_mb=2048 -report_slow_units=2 \
         -dict="$root/fuzz/kelxml.dict" -print_final_stats=1 ${FUZZ_OPTIONS:-} \
         "$build/corpus/$target" > "$log" 2>&1; then
         tail -n 60 "$log"
@@ -60,7 +75,7 @@ for target in "${targets[@]}"; do
     grep -E '^(stat::|Done|INFO: Loaded)|DONE' "$log" || true
     # The slowest input of the corpus, timed one by one.
     slowest=$(find "$build/corpus/$target" -type f -print0 |
-        xargs -0 "$fuzzer" -timeout=1 -rss_limit_mb=512 2>&1 |
+        xargs -0 "$fuzzer" -timeout="$timeout" -rss_limit_mb=2048 2>&1 |
         sed -n 's/^Executed \(.*\) in \([0-9]*\) ms$/\2 \1/p' | sort -n | tail -1)
     echo "$target: slowest input of $(find "$build/corpus/$target" -type f | wc -l): ${slowest%% *} ms"
 done
