@@ -6,6 +6,7 @@
 #                         then each fuzz target for a few seconds
 #   ./build.sh asan       the tests built with AddressSanitizer and UBSan (Qt 5)
 #   ./build.sh valgrind   the tests run under valgrind's memcheck (Qt 5)
+#   ./build.sh tsan       the threads test built with ThreadSanitizer (Qt 5)
 #   ./build.sh fuzz [S]   each fuzz target for S seconds (default 60), with clang
 #   ./build.sh docs       the API reference (Doxygen) in build/docs/docs/html
 #   ./build.sh package    Debian packages of the Qt 5 and Qt 6 builds, in build/packages
@@ -83,6 +84,15 @@ asan)
     build asan 5 -DCMAKE_BUILD_TYPE=Debug -DKELXML_SANITIZE=address,undefined
     UBSAN_OPTIONS=halt_on_error=1:print_stacktrace=1 run_tests build/asan
     ;;
+tsan)
+    # The library and the test that reads, checks, copies and writes every
+    # sample on eight threads; scripts/tsan.supp names what Debian's Qt and C
+    # library do out of the sanitizer's sight, each with its reason.
+    install_packages "${packages[@]}"
+    build tsan 5 -DKELXML_SANITIZE=thread -DKELXML_BUILD_TOOLS=OFF
+    echo "== testing build/tsan/tests/tst_threads under ThreadSanitizer"
+    TSAN_OPTIONS="halt_on_error=1 suppressions=$PWD/scripts/tsan.supp" build/tsan/tests/tst_threads
+    ;;
 valgrind)
     install_packages "${packages[@]}" valgrind
     build qt5 5
@@ -132,7 +142,7 @@ bench)
     done
     ;;
 *)
-    sed -n '2,15p' "$0" | sed 's/^# \{0,1\}//'
+    sed -n '2,16p' "$0" | sed 's/^# \{0,1\}//'
     exit 64
     ;;
 esac
