@@ -1,37 +1,21 @@
 #pragma once
 
-#include "XmlElementBase.h"
+#include "XmlMeasuredValue.h"
 
 namespace KelXml {
 
 /// A gain or loss in dB: `<Name version="1.0" unit="dB">3.000000</Name>`.
 /// The unit is fixed: written always, never read.
 /// \ingroup values
-class KELXML_EXPORT XmlDecibelType : public XmlElementBase
+class KELXML_EXPORT XmlDecibelType : public XmlMeasuredValue
 {
 public:
     XmlDecibelType();
 
-    void processXml(QXmlStreamReader& reader, const QString& elementName) override;
-    void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
-    void reset() override;
-
-    double decibel() const { return m_decibel; }
-    void setDecibel(double decibel) { m_decibel = decibel; }
+    double decibel() const { return value(); }
+    void setDecibel(double decibel) { setValue(decibel); }
     /// Always "dB": the unit is written but never read.
-    const QString& unit() const { return m_unit; }
-    QString version() const { return m_version; }
-    void setVersion(const QString& version) { m_version = version; }
-
-protected:
-    void checkContent(XmlChecks& checks) const override;
-
-private:
-    bool supportsVersion() const;
-
-    XmlText m_unit;
-    XmlText m_version;
-    double m_decibel;
+    const QString& unit() const { return unitText(); }
 };
 
 } // namespace KelXml

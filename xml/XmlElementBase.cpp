@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cstddef>
 #include <mutex>
 #include <unordered_set>
 #include <vector>
@@ -25,7 +26,10 @@ struct XmlElementBase::Report
 
     explicit Report(const QString* name)
         : classname(name)
-    {}
+    {
+        static_assert(std::is_standard_layout<Report>::value && offsetof(Report, classname) == 0,
+                      "classname() finds the class name at the start of a report");
+    }
     Report(const Report& other)
         : classname(other.classname)
         , messages(other.messages)
@@ -55,8 +59,8 @@ struct XmlElementBase::Report
     qsizetype framedLength() const;
     QChar* writeFramed(QChar* out) const;
 
+    const QString* classname; // first: classname() reads it through the tagged word
     std::atomic<int> references{1};
-    const QString* classname;
     std::vector<Message> messages;
 };
 
@@ -216,13 +220,6 @@ void XmlElementBase::addSyntaxError(const QString& message)
 void XmlElementBase::clearSyntaxError()
 {
     dropReport();
-}
-
-const QString& XmlElementBase::classname() const
-{
-    if (const Report* mine = report())
-        return *mine->classname;
-    return *reinterpret_cast<const QString*>(m_state);
 }
 
 QString XmlElementBase::mySyntaxError() const

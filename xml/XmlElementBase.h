@@ -55,7 +55,12 @@ protected:
     /// Appends a message to the accumulated text, one per line; empty ones are ignored.
     void addSyntaxError(const QString& message);
     void clearSyntaxError();
-    const QString& classname() const;
+    const QString& classname() const
+    {
+        // A report starts with the class name's address (see Report).
+        return m_state & 1 ? **reinterpret_cast<const QString* const*>(m_state & ~quintptr(1))
+                           : *reinterpret_cast<const QString*>(m_state);
+    }
     /// The accumulated text framed by `"+++ in <class> Begin:"` and
     /// `"--- in <class> End"`; a null string when nothing was accumulated.
     QString mySyntaxError() const;

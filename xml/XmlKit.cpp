@@ -356,12 +356,46 @@ QStringView XmlElementReader::attribute(const QString& name) const
 
 void XmlElementReader::readVersion(XmlText& version) const
 {
-    const QStringView value = attribute(XmlKit::versionAttribute);
+    takeVersion(attribute(XmlKit::versionAttribute), version);
+}
+
+void XmlElementReader::takeVersion(QStringView value, XmlText& version)
+{
     // The usual version is the library's own text; others share when they repeat.
     if (XmlKit::sameName(value, XmlKit::defaultVersion))
         version = XmlKit::defaultVersionText;
     else if (!value.isEmpty())
         version.assign(value);
+}
+
+bool XmlElementReader::begin(XmlText& version, const QString& required, XmlText& value)
+{
+    version = XmlKit::defaultVersionText;
+    if (!atStartTag())
+        return false;
+    // As attribute() finds each of the two: the first of the name.
+    QStringView versionText;
+    QStringView found;
+    bool versionSeen = false;
+    bool foundSeen = false;
+    const QXmlStreamAttributes attributes = m_reader.attributes();
+    for (const QXmlStreamAttribute& each : attributes) {
+        const QStringView name = each.qualifiedName();
+        if (!versionSeen && XmlKit::sameName(name, XmlKit::versionAttribute)) {
+            versionText = each.value();
+            versionSeen = true;
+        } else if (!foundSeen && XmlKit::sameName(name, required)) {
+            found = each.value();
+            foundSeen = true;
+        }
+    }
+    takeVersion(versionText, version);
+    if (found.isEmpty()) {
+        fail(missingAttribute.arg(required));
+        return false;
+    }
+    value.assign(found);
+    return true;
 }
 
 bool XmlElementReader::readRequired(const QString& name, QString& value)

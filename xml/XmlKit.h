@@ -268,8 +268,13 @@ public:
     // The common opening: the version becomes "1.0", the position is checked
     // and a non-empty version attribute is taken. False after an error.
     bool begin(XmlText& version);
+    // The same, and a required attribute taken in the same pass over the
+    // start tag's attributes (see readRequired()). False after an error.
+    bool begin(XmlText& version, const QString& required, XmlText& value);
     // Takes a non-empty version attribute of the current start tag.
     void readVersion(XmlText& version) const;
+    // Takes a version attribute's value as readVersion() does.
+    static void takeVersion(QStringView value, XmlText& version);
     // Takes a required attribute; absent or empty raises
     // "Missing attribute: \"<name>\"" and leaves the value as it was.
     bool readRequired(const QString& name, QString& value);

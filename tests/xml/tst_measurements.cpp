@@ -74,6 +74,8 @@ private slots:
         row("XmlPowerType", R"(<E version="2.0">5</E>)", 17, missing,
             R"(<E version="2.0" unit="W">-9.900000000000000</E>)", v2);
         row("XmlPowerType", R"(<E unit="">5</E>)", 11, missing, "", "");
+        row("XmlPowerType", R"(<E unit="W" a="1" version="2.0">5</E>)", 0, "",
+            R"(<E version="2.0" unit="W">5.000000000000000</E>)", v2);
         row("XmlPowerType", R"(<E unit="W">-60</E>)", 0, "",
             R"(<E version="1.0" unit="W">-60.000000000000000</E>)", "");
         row("XmlPowerType", R"(<E unit="w">-60.001</E>)", 0, "", "",
