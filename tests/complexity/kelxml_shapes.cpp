@@ -3,7 +3,7 @@
 //   kelxml_shapes list [GROUP]          one line per shape: name, class, N, tools, about
 //   kelxml_shapes write SHAPE UNITS FILE
 //   kelxml_shapes run SHAPE UNITS       the library's whole round on the document
-//   kelxml_shapes seeds DIR             a few documents of 100 KB to 1 MB per kind
+//   kelxml_shapes seeds DIR             fuzz seeds of 100 KB to 1 MB, DIR/<target>/
 //
 // "run" reads the document through XmlDocumentReader and checks, reports,
 // copies, assigns, writes, resets and destroys what it read, all inside
@@ -175,8 +175,9 @@ int run(const QString& name, int units)
     return 0;
 }
 
-// Documents of 100 KB to 1 MB for every kind: each shape's units scaled to
-// the sizes wanted from the size of a small one.
+// Documents of about 100 KB and 1 MB (under libFuzzer's 1 MiB) of every
+// kind, named after their shape and size, in one folder per fuzz target:
+// command, response, scenario, and elements for the lists.
 int seeds(const QString& directory)
 {
     if (!QDir().mkpath(directory))
@@ -192,23 +193,38 @@ int seeds(const QString& directory)
                                   "scenario-polygon-shuffled",
                                   "pairs-invalid",
                                   "map-list",
-                                  "device-list"};
-    const qint64 targets[] = {100 * 1000, 1000 * 1000};
+                                  "device-list",
+                                  "name-list"};
+    const qint64 sizes[] = {120 * 1000, 1000 * 1000};
     for (const char* name : chosen) {
         const Shape* shape = shapeOrComplain(QLatin1String(name));
         if (!shape)
             return 1;
-        const qint64 perHundred = shape->generate(100).size();
-        for (qint64 target : targets) {
-            const int units = int(std::max<qint64>(1, target * 100 / perHundred));
-            const QByteArray document = shape->generate(units);
+        for (qint64 wanted : sizes) {
+            // Scaled from the size a first guess gives, twice, for the fixed part.
+            int units = 100;
+            QByteArray document = shape->generate(units);
+            for (int step = 0; step < 2; ++step) {
+                units = int(std::max<qint64>(1, units * wanted / document.size()));
+                document = shape->generate(units);
+            }
+            // One folder per fuzz target; the element target takes a first
+            // byte that chooses the class.
+            const bool root =
+                QStringList{"command", "response", "scenario"}.contains(shape->className);
+            const QString target = root ? shape->className : QStringLiteral("elements");
+            if (!root) {
+                const int index = int(XmlElementRegistry::classNames().indexOf(shape->className));
+                document.prepend(char(index));
+            }
+            const QString folder = directory + QLatin1Char('/') + target;
             const QString file = QStringLiteral("%1/%2-%3k.xml")
-                                     .arg(directory, shape->name)
+                                     .arg(folder, shape->name)
                                      .arg(document.size() / 1000);
-            if (!save(file, document))
+            if (!QDir().mkpath(folder) || !save(file, document))
                 return 1;
-            std::printf("%s %lld bytes (read as %s)\n", qPrintable(file),
-                        static_cast<long long>(document.size()), qPrintable(shape->className));
+            std::printf("%s %lld bytes\n", qPrintable(file),
+                        static_cast<long long>(document.size()));
         }
     }
     return 0;
