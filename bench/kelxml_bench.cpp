@@ -324,6 +324,86 @@ void benchWrite(benchmark::State& state, Case* c)
     state.counters["out_MB"] = written.size() / 1e6;
 }
 
+// ---- a polygon's vertices in ascending and in descending order ----
+
+// A command message creating one area of interest whose polygon has
+// `vertices` vertices, numbered in ascending or in descending order, laid out
+// as the samples are; the vertices lie on a circle in the order of their
+// numbers.
+QByteArray polygonCommand(int vertices, bool descending)
+{
+    QByteArray t = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<Command>\n  <ORDER_DEF>\n"
+                   "    <ORDER_ID>KEL240514093000123</ORDER_ID>\n"
+                   "    <ORDER_SENDER>planning-client</ORDER_SENDER>\n  </ORDER_DEF>\n"
+                   "  <Create>\n    <AOI version=\"1.0\">\n      <Name>Harbour</Name>\n"
+                   "      <AreaPolygon version=\"1.0\">\n";
+    for (int i = 0; i < vertices; ++i) {
+        const int number = descending ? vertices - 1 - i : i;
+        const double angle = 2 * 3.14159265358979323846 * number / vertices;
+        t += "        <Vertex version=\"1.0\" number=\"" + QByteArray::number(number) +
+             "\">\n          <Longitude>" +
+             QByteArray::number(8.6 + 0.05 * std::cos(angle), 'f', 6) +
+             "</Longitude>\n          <Latitude>" +
+             QByteArray::number(53.5 + 0.05 * std::sin(angle), 'f', 6) +
+             "</Latitude>\n        </Vertex>\n";
+    }
+    t += "      </AreaPolygon>\n      <TxParameter version=\"1.0\">\n"
+         "        <Frequency version=\"1.0\" unit=\"MHz\">156.8</Frequency>\n"
+         "        <TxPower version=\"1.0\" unit=\"W\">25</TxPower>\n"
+         "        <AntennaHeight version=\"1.0\" unit=\"m\">12</AntennaHeight>\n"
+         "        <Bandwidth version=\"1.0\" unit=\"kHz\">16</Bandwidth>\n"
+         "      </TxParameter>\n    </AOI>\n    <Reference>create-aoi</Reference>\n"
+         "  </Create>\n</Command>\n";
+    return t;
+}
+
+const int polygonVertices = 40000;
+
+// Reading and checking the polygon's command message with its vertices
+// ascending and with them descending, timed side by side in every iteration
+// (alternating which goes first): "ms" is the descending one's time, "ratio"
+// the descending time over the ascending time.
+void benchPolygonOrder(benchmark::State& state)
+{
+    static const QByteArray ascending = polygonCommand(polygonVertices, false);
+    static const QByteArray descending = polygonCommand(polygonVertices, true);
+    const auto read = [](const QByteArray& bytes) {
+        Model model(DocumentKind::Command);
+        QXmlStreamReader reader(bytes);
+        const double t0 = Clock::now();
+        const bool valid = model.read(reader) && model.isValid();
+        return valid ? Clock::now() - t0 : -1.0;
+    };
+    double up = 0;
+    double down = 0;
+    bool allValid = true;
+    static bool ascendingFirst = true; // alternates across repetitions too
+    for (auto _ : state) {
+        double a, d;
+        if (ascendingFirst) {
+            a = read(ascending);
+            d = read(descending);
+        } else {
+            d = read(descending);
+            a = read(ascending);
+        }
+        ascendingFirst = !ascendingFirst;
+        allValid = allValid && a >= 0 && d >= 0;
+        up += a;
+        down += d;
+        state.SetIterationTime(d);
+    }
+    if (!allValid) {
+        state.SkipWithError("the polygon's command message did not read as valid");
+        return;
+    }
+    const double n = double(state.iterations());
+    state.counters["ms"] = 1000 * down / n;
+    state.counters["ascending_ms"] = 1000 * up / n;
+    state.counters["ratio"] = up > 0 ? down / up : 0;
+    state.counters["MB"] = descending.size() / 1e6;
+}
+
 // ---- memory, measured in a child process of its own ----
 
 // A "Vm...:" line of /proc/self/status, in bytes; -1 when missing.
@@ -608,6 +688,22 @@ void printTable(std::vector<Case>& cases, const SummaryReporter& results, bool m
                     most / fewest);
 }
 
+// The polygon read with its vertices descending against ascending.
+void printPolygonOrder(const SummaryReporter& results)
+{
+    const std::string name = "polygon/descending-vs-ascending";
+    const double descending = results.value(name, "ms");
+    const double ascending = results.value(name, "ascending_ms");
+    const double ratio = results.value(name, "ratio", true);
+    if (descending < 0 || ascending < 0 || ratio < 0)
+        return;
+    std::printf("\nA polygon of %d vertices (a %.1f MB command message), read and checked\n"
+                "  vertices ascending %8.2f ms   descending %8.2f ms (the fastest runs)\n"
+                "  descending / ascending %.2f (median of the runs, each timing both): %s\n",
+                polygonVertices, results.value(name, "MB"), ascending, descending, ratio,
+                ratio <= 1.2 ? "PASS (<= 1.20)" : "MISS (<= 1.20)");
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -700,9 +796,20 @@ int main(int argc, char** argv)
         }
     }
 
+    benchmark::RegisterBenchmark("polygon/descending-vs-ascending", benchPolygonOrder)
+        ->UseManualTime()
+        ->Unit(benchmark::kMillisecond)
+        ->ReportAggregatesOnly(true)
+        ->ComputeStatistics(
+            "min",
+            [](const std::vector<double>& v) { return *std::min_element(v.begin(), v.end()); })
+        ->Repetitions(repetitions)
+        ->Iterations(1);
+
     SummaryReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     printTable(cases, reporter, memory);
+    printPolygonOrder(reporter);
     benchmark::Shutdown();
     return 0;
 }

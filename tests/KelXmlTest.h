@@ -14,7 +14,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <functional>
 
 namespace KelXmlTest {
 
@@ -56,23 +55,6 @@ inline QString block(const QString& classname, const QStringList& messages)
 {
     return QStringLiteral("+++ in %1 Begin:\n%2\n--- in %1 End")
         .arg(classname, messages.join(QLatin1Char('\n')));
-}
-
-// Runs work(count) at two sizes four times apart (work returns false when it
-// went wrong) and verifies that the larger took less than ten times the
-// smaller: far from the sixteen times of a quadratic.
-inline void verifyLinear(const std::function<bool(int count)>& work, int count = 25000)
-{
-    const auto nanoseconds = [&work](int n) -> qint64 {
-        QElapsedTimer timer;
-        timer.start();
-        return work(n) ? timer.nsecsElapsed() : -1;
-    };
-    const qint64 small = nanoseconds(count);
-    const qint64 large = nanoseconds(4 * count);
-    QVERIFY(small > 0 && large > 0);
-    QVERIFY2(large < 10 * small,
-             qPrintable(QStringLiteral("%1 ns, then %2 ns").arg(small).arg(large)));
 }
 
 // A device that hands out its data as a stream, like a pipe or a socket,

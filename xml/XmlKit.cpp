@@ -522,10 +522,20 @@ void XmlElementReader::readChildren(std::initializer_list<XmlChild> children,
                 const int index = int(i);
                 if (index < last || (index == last && !child.isRepeated()))
                     return false;
+                if (!child.after().isNull() && !hasSeen(child.after()))
+                    return false;
                 child.read(in.m_reader);
                 seen |= quint64(1) << i;
                 last = index;
                 return true;
+            }
+            return false;
+        }
+        bool hasSeen(const QString& name) const
+        {
+            for (size_t i = 0; i < count; ++i) {
+                if (children[i].name() == name)
+                    return seen & (quint64(1) << i);
             }
             return false;
         }

@@ -197,15 +197,25 @@ public:
         copy.m_repeated = true;
         return copy;
     }
+    // The child is taken only once the named child has been read.
+    XmlChild after(const QString& name) const
+    {
+        XmlChild copy(*this);
+        copy.m_after = name;
+        return copy;
+    }
 
     const QString& name() const { return m_name; }
     bool isRequired() const { return m_required; }
     bool isRepeated() const { return m_repeated; }
+    // The child that must have been read first; null for none.
+    const QString& after() const { return m_after; }
     void read(QXmlStreamReader& reader) const { m_read(reader, m_name); }
 
 private:
     QString m_name;
     Read m_read;
+    QString m_after;
     bool m_required = true;
     bool m_repeated = false;
 };
@@ -331,11 +341,11 @@ public:
         });
     }
     // The loop of an element with children in a fixed order: a child is taken
-    // at most once (unless repeated) and only while no later child has been
-    // read; the own end tag ends the element once every required child has
-    // been read and the extra condition, if any, holds.
-    // The children stand in a list built in place (at most 64), so that
-    // reading an element allocates nothing for its table.
+    // at most once (unless repeated), only while no later child has been read
+    // and, when it names one, only after the child it must follow; the own end tag ends the element
+    // once every required child has been read and the extra condition, if any, holds. The children
+    // stand in a list built in place (at most 64), so that reading an element allocates nothing for
+    // its table.
     void readChildren(std::initializer_list<XmlChild> children,
                       const std::function<bool()>& complete = {});
 

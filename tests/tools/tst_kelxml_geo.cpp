@@ -1,7 +1,8 @@
 // The map commands of the kelxml tool: GeoJSON that keeps the rules of the
 // format (positions as [longitude, latitude], closed counter-clockwise
-// rings), an SVG map with one marker per placed object, their usage errors,
-// and an export that grows linearly with the document.
+// rings), an SVG map with one marker per placed object, and their usage
+// errors. (That their cost grows linearly with the document, the complexity
+// test counts.)
 
 #include "KelXmlTest.h"
 
@@ -299,24 +300,6 @@ private slots:
         QCOMPARE(legend, QStringList({"Area of interest (1)", "Deployment area (1)", "Station (0)",
                                       "Direction finder (0)", "Receiver (1)", "Emitter (2)",
                                       "invalid (2)", "not on the map (1)"}));
-    }
-
-    // Four times the emitters, about four times the time (5 MB at the top).
-    void geoJsonInLinearTime()
-    {
-        QTemporaryDir dir;
-        KelXmlTest::verifyLinear(
-            [&dir](int count) {
-                QString objects;
-                for (int i = 0; i < count; ++i)
-                    objects += emitter(QString("E%1").arg(i), QString::number(8 + i * 1e-6, 'f', 6),
-                                       "53.5");
-                const QString file =
-                    saved(dir, QString("big%1.xml").arg(count), scenario(objects).toUtf8());
-                const Run run = kelxml({"geojson", "--as", "scenario", file});
-                return run.status == 0 && run.out.count('\n') == count + 2;
-            },
-            2000);
     }
 };
 

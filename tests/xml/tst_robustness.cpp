@@ -1,6 +1,5 @@
 #include "KelXmlTest.h"
 
-#include <XmlDBMListType.h>
 #include <XmlElementRegistry.h>
 
 #include <QtTest>
@@ -24,7 +23,8 @@ class TestRobustness : public QObject
     Q_OBJECT
 
 private slots:
-    // Every broken document ends in an error, quickly, and never in a crash.
+    // Every broken document ends in an error and never in a crash (a reading
+    // that does not end shows as the test running into its time-out).
     void hostileInputEndsWithAnError_data()
     {
         QTest::addColumn<QString>("classname");
@@ -55,9 +55,7 @@ private slots:
         QFETCH(QString, error);
         const auto element = XmlElementRegistry::create(classname);
         QVERIFY(element);
-        const QDeadlineTimer deadline(2000);
         const QString actual = KelXmlTest::read(*element, xml);
-        QVERIFY(!deadline.hasExpired());
         // Without an error of ours, the reader's own wording is not ours to pin down.
         QVERIFY2(error.isEmpty() ? !actual.isEmpty() && !actual.startsWith("in Xml")
                                  : actual == error,
@@ -89,24 +87,9 @@ private slots:
         KelXmlTest::Stream device(xml.toUtf8(), KelXmlTest::Stream::OpenEnded);
         QXmlStreamReader reader(&device);
         reader.readNextStartElement();
-        const QDeadlineTimer deadline(2000);
         element->processXml(reader, reader.name().toString());
-        QVERIFY(!deadline.hasExpired());
         QCOMPARE(reader.error(), QXmlStreamReader::PrematureEndOfDocumentError);
         QVERIFY(!reader.atEnd()); // more may come
-    }
-
-    // Reading and writing grow linearly with the size of a message: four
-    // times the members take far less than the sixteen times of a quadratic.
-    void largeListsScaleLinearly()
-    {
-        KelXmlTest::verifyLinear([](int count) {
-            const QString member = "<dBm unit=\"dBm\">5</dBm>";
-            XmlDBMListType list;
-            return KelXmlTest::read(list, "<L>" + member.repeated(count) + "</L>").isEmpty() &&
-                   list.dBmList().size() == count &&
-                   KelXmlTest::write(list, "L").count("<dBm ") == count;
-        });
     }
 };
 

@@ -20,7 +20,8 @@ using namespace KelXml;
 namespace {
 
 // <Example version="1.0"><Name/><Frequency/>[<Gain/>]...</Example>: three
-// ordered children, the last optional and repeatable.
+// ordered children, the frequency only after the name, the last optional and
+// repeatable.
 class XmlExampleType : public XmlElementBase
 {
 public:
@@ -38,7 +39,8 @@ public:
             return;
         in.readChildren({
             XmlChild::object(QStringLiteral("Name"), *m_name),
-            XmlChild::object(QStringLiteral("Frequency"), *m_frequency),
+            XmlChild::object(QStringLiteral("Frequency"), *m_frequency)
+                .after(QStringLiteral("Name")),
             XmlChild::appended(QStringLiteral("Gain"), m_gains).optional(),
         });
     }
@@ -107,6 +109,10 @@ private slots:
         // A required child may be skipped; the end tag then finds it missing.
         QTest::newRow("required missing")
             << name + gain << "Unexpected token \"EndElement\": Example" << 1;
+        // A child that must follow another is refused before it, even where
+        // the order alone would take it.
+        QTest::newRow("before the one it follows")
+            << frequency + name << "Unexpected token \"StartElement\": Frequency" << 0;
     }
     void childOrder()
     {

@@ -18,8 +18,8 @@ XmlInterlinkPlanningType::XmlInterlinkPlanningType()
 
 void XmlInterlinkPlanningType::processXml(QXmlStreamReader& reader, const QString& elementName)
 {
-    // No position check. An over-long name raises an error and leaves the
-    // name held as it was.
+    // No position check. FirstName comes first, SecondName only after it. An
+    // over-long name raises an error and leaves the name held as it was.
     XmlElementReader in(*this, reader, elementName, XmlElementReader::NamedWording);
     const auto name = [&in](QString& field, const QString& tooLong) {
         return [&in, &field, tooLong](const QString& text) {
@@ -33,7 +33,8 @@ void XmlInterlinkPlanningType::processXml(QXmlStreamReader& reader, const QStrin
         XmlChild::text(firstNameElement,
                        name(m_firstName, QStringLiteral("FirstName too long (max. 128)"))),
         XmlChild::text(secondNameElement,
-                       name(m_secondName, QStringLiteral("SecondName too long (max. 128)"))),
+                       name(m_secondName, QStringLiteral("SecondName too long (max. 128)")))
+            .after(firstNameElement),
     });
 }
 

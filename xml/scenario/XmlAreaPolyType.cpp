@@ -2,6 +2,7 @@
 
 #include "XmlKit.h"
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 
@@ -65,19 +66,23 @@ void XmlAreaPolyType::processXml(QXmlStreamReader& reader, const QString& elemen
         XmlAreaPolyType& self;
         QXmlStreamReader& reader;
 
-        // A vertex is kept even when its reading fails.
+        // A vertex is kept even when its reading fails. Vertices are taken
+        // in document order after those held, and sorted in once the reading
+        // ends, however it ends.
         bool start(QStringView name)
         {
             if (!XmlKit::sameName(name, vertexElement))
                 return false;
             auto vertex = std::make_unique<XmlNumCoordType>();
-            vertex->processXml(reader, vertexElement);
-            self.insertSorted(vertex.release());
+            self.m_vertices.append(vertex.get());
+            vertex.release()->processXml(reader, vertexElement);
             return true;
         }
         bool mayEnd() { return self.m_vertices.size() >= minimumVertices; }
     } tokens{{}, *this, reader};
+    const int held = int(m_vertices.size());
     in.loop(tokens);
+    sortInFrom(held);
 }
 
 void XmlAreaPolyType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
@@ -98,11 +103,10 @@ void XmlAreaPolyType::reset()
 void XmlAreaPolyType::setVertices(const QVector<XmlNumCoordType*>& vertices)
 {
     // Copied before the old vertices go: the list given may be our own.
-    const QVector<XmlNumCoordType*> copies = copiesOf(vertices);
+    QVector<XmlNumCoordType*> copies = copiesOf(vertices);
     deleteVertices();
-    m_vertices.reserve(copies.size());
-    for (XmlNumCoordType* copy : copies)
-        insertSorted(copy);
+    m_vertices = std::move(copies);
+    sortInFrom(0);
 }
 
 void XmlAreaPolyType::checkContent(XmlChecks& checks) const
@@ -125,12 +129,31 @@ bool XmlAreaPolyType::supportsVersion() const
     return XmlKit::isSupportedVersion(m_version);
 }
 
-void XmlAreaPolyType::insertSorted(XmlNumCoordType* vertex)
+void XmlAreaPolyType::sortInFrom(int first)
 {
-    auto at = m_vertices.size();
-    while (at > 0 && m_vertices.at(at - 1)->number() > vertex->number())
-        --at;
-    m_vertices.insert(at, vertex);
+    const int count = int(m_vertices.size());
+    if (count - first < 2 && (first == 0 || first == count))
+        return;
+    const auto byNumber = [](const XmlNumCoordType* a, const XmlNumCoordType* b) {
+        return a->number() < b->number();
+    };
+    // Stable: equal numbers keep the order in which they came.
+    std::stable_sort(m_vertices.begin() + first, m_vertices.end(), byNumber);
+    if (first == 0 || !byNumber(m_vertices.at(first), m_vertices.at(first - 1)))
+        return;
+    // Merged from the back, the largest first: each new vertex goes after the
+    // last held one whose number is not greater, as inserting it alone from
+    // the back would put it (also when a caller changed held numbers).
+    QVector<XmlNumCoordType*> merged(count);
+    int held = first - 1;
+    int added = count - 1;
+    for (int out = count - 1; out >= 0; --out) {
+        if (added < first || (held >= 0 && byNumber(m_vertices.at(added), m_vertices.at(held))))
+            merged[out] = m_vertices.at(held--);
+        else
+            merged[out] = m_vertices.at(added--);
+    }
+    m_vertices = std::move(merged);
 }
 
 void XmlAreaPolyType::deleteVertices()

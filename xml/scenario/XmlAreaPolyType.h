@@ -43,10 +43,10 @@ protected:
 
 private:
     bool supportsVersion() const;
-    /// Takes the vertex in after the last one whose number is not greater,
-    /// searching from the back, so vertices in ascending order are appended
-    /// at once.
-    void insertSorted(XmlNumCoordType* vertex);
+    /// Sorts the vertices from `first` on into those before it, each after
+    /// the last one whose number is not greater: the order that taking them
+    /// in one by one, searching from the back, gives, in O(n log n).
+    void sortInFrom(int first);
     void deleteVertices();
 
     XmlText m_version;

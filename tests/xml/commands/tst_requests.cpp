@@ -158,6 +158,51 @@ private slots:
         QCOMPARE(link.syntaxError(),
                  block("XmlInterlinkPlanningType", {"FirstName not set", "SecondName not set"}));
     }
+
+    // The second name comes only after the first: standing first, it is the
+    // tag refused (at its own start tag) and nothing is taken.
+    void interlinkOrder_data()
+    {
+        QTest::addColumn<QString>("names");
+        QTest::addColumn<QString>("error");
+        QTest::addColumn<QString>("first");
+        QTest::addColumn<QString>("second");
+        const QString a = wrap("FirstName", "A"), b = wrap("SecondName", "B");
+        QTest::newRow("in order") << a + b << QString() << "A"
+                                  << "B";
+        QTest::newRow("second first") << b + a
+                                      << "in XmlInterlinkPlanningType (line 1, column 31): "
+                                         "Unexpected token \"StartElement\": SecondName."
+                                      << ""
+                                      << "";
+        QTest::newRow("second alone") << b
+                                      << "in XmlInterlinkPlanningType (line 1, column 31): "
+                                         "Unexpected token \"StartElement\": SecondName."
+                                      << ""
+                                      << "";
+        QTest::newRow("first twice") << a + a + b
+                                     << "in XmlInterlinkPlanningType (line 1, column 54): "
+                                        "Unexpected token \"StartElement\": FirstName."
+                                     << "A"
+                                     << "";
+        QTest::newRow("second missing at the end")
+            << a
+            << "in XmlInterlinkPlanningType (line 1, column 63): "
+               "Unexpected token \"EndElement\": InterlinkPlanning."
+            << "A"
+            << "";
+    }
+    void interlinkOrder()
+    {
+        QFETCH(QString, names);
+        QFETCH(QString, error);
+        QFETCH(QString, first);
+        QFETCH(QString, second);
+        XmlInterlinkPlanningType link;
+        QCOMPARE(KelXmlTest::read(link, wrap("InterlinkPlanning", names)), error);
+        QCOMPARE(link.firstName(), first);
+        QCOMPARE(link.secondName(), second);
+    }
 };
 
 QTEST_GUILESS_MAIN(TestRequests)

@@ -176,21 +176,98 @@ private slots:
         QCOMPARE(longitudes(polygon), QString("0 1 2 99 3 4 5"));
     }
 
-    // Vertices in ascending order are appended at once: four times the
-    // vertices take far less than the sixteen times of a quadratic reading.
-    void polygonReadsInLinearTime()
+    // Reading and setVertices() give the order that taking the vertices in
+    // one at a time gives, each after the last one (searched from the back)
+    // whose number is not greater: equal numbers in the order they came,
+    // after those already held, also when a caller changed held numbers, and
+    // with what was read kept when the reading fails. Each vertex carries
+    // its place in the input as its longitude.
+    void polygonOrderAsTakenOneByOne_data()
     {
-        KelXmlTest::verifyLinear(
-            [](int count) {
-                QString xml = "<AreaPolygon>";
-                xml.reserve(count * 80);
-                for (int i = 0; i < count; ++i)
-                    xml += vertex(i, 1);
-                XmlAreaPolyType polygon;
-                return KelXmlTest::read(polygon, xml + "</AreaPolygon>").isEmpty() &&
-                       polygon.vertices().size() == count;
-            },
-            250000);
+        QTest::addColumn<QList<int>>("held");
+        QTest::addColumn<QList<int>>("changed"); // held numbers after the caller's changes
+        QTest::addColumn<QList<int>>("read");
+        QTest::addColumn<QString>("tail"); // after the vertices: the rest of the element
+        QTest::newRow("descending")
+            << QList<int>{} << QList<int>{} << QList<int>{5, 4, 3, 2, 1} << "</P>";
+        QTest::newRow("equal numbers")
+            << QList<int>{} << QList<int>{} << QList<int>{2, 1, 2, 1, 2, 0} << "</P>";
+        QTest::newRow("after those held")
+            << QList<int>{0, 2, 4} << QList<int>{0, 2, 4} << QList<int>{4, 2, 0, 5, 1} << "</P>";
+        QTest::newRow("held numbers changed") << QList<int>{0, 2, 4} << QList<int>{9, 2, 1}
+                                              << QList<int>{1, 3, 5, 9, -1, 2} << "</P>";
+        QTest::newRow("all read after those held")
+            << QList<int>{0, 2, 4} << QList<int>{0, 2, 4} << QList<int>{7, 5, 6} << "</P>";
+        QTest::newRow("reading fails") << QList<int>{1} << QList<int>{1} << QList<int>{3, 0, 2}
+                                       << "<Point/>" + vertex(-5, 0) + "</P>";
+        QTest::newRow("ends too early")
+            << QList<int>{} << QList<int>{} << QList<int>{1, 0} << "</P>";
+        // Many equal numbers, shuffled: a sort that is not stable shows here.
+        QList<int> many;
+        quint32 state = 12345;
+        for (int i = 0; i < 300; ++i) {
+            state = state * 1103515245u + 12345u;
+            many.append(int(state >> 16) % 7);
+        }
+        QTest::newRow("many, shuffled")
+            << QList<int>{3, 3, 5} << QList<int>{3, 3, 5} << many << "</P>";
+    }
+
+    void polygonOrderAsTakenOneByOne()
+    {
+        QFETCH(QList<int>, held);
+        QFETCH(QList<int>, changed);
+        QFETCH(QList<int>, read);
+        QFETCH(QString, tail);
+        // The order as one vertex after the other is taken in: (number, place).
+        QList<QPair<int, int>> expected;
+        const auto takeIn = [&expected](int number, int place) {
+            int at = int(expected.size());
+            while (at > 0 && expected.at(at - 1).first > number)
+                --at;
+            expected.insert(at, qMakePair(number, place));
+        };
+        XmlAreaPolyType polygon;
+        QVector<XmlNumCoordType*> given;
+        for (int i = 0; i < held.size(); ++i) {
+            given.append(new XmlNumCoordType);
+            given.last()->setNumber(held[i]);
+            given.last()->setLongitude(100 + i);
+            takeIn(held[i], 100 + i);
+        }
+        polygon.setVertices(given);
+        qDeleteAll(given);
+        QCOMPARE(polygon.vertices().size(), held.size());
+        // A caller may change the numbers of the vertices held.
+        expected.clear();
+        for (int i = 0; i < changed.size(); ++i) {
+            polygon.vertices()[i]->setNumber(changed[i]);
+            expected.append(qMakePair(changed[i], int(polygon.vertices()[i]->longitude())));
+        }
+        QString xml = "<P>";
+        for (int i = 0; i < read.size(); ++i) {
+            xml += vertex(read[i], i);
+            takeIn(read[i], i);
+        }
+        const QString error = KelXmlTest::read(polygon, xml + tail);
+        QCOMPARE(error.isEmpty(), tail == "</P>" && held.size() + read.size() >= 3);
+        QList<QPair<int, int>> actual;
+        for (const XmlNumCoordType* v : polygon.vertices())
+            actual.append(qMakePair(v->number(), int(v->longitude())));
+        QCOMPARE(actual, expected);
+
+        // Set anew, the same vertices keep that order.
+        QVector<XmlNumCoordType*> reversed = polygon.vertices();
+        std::reverse(reversed.begin(), reversed.end());
+        XmlAreaPolyType set;
+        set.setVertices(reversed);
+        expected.clear();
+        for (const XmlNumCoordType* v : reversed)
+            takeIn(v->number(), int(v->longitude()));
+        actual.clear();
+        for (const XmlNumCoordType* v : set.vertices())
+            actual.append(qMakePair(v->number(), int(v->longitude())));
+        QCOMPARE(actual, expected);
     }
 
     // An area holds one shape, a setter deleting the other. Without one, the

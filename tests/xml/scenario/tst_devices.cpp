@@ -5,7 +5,6 @@
 
 #include <XmlDeviceListType.h>
 
-#include <QElapsedTimer>
 #include <QtTest>
 
 using namespace KelXml;
@@ -167,19 +166,6 @@ private slots:
         QCOMPARE(KelXmlTest::read(list, "<Devices></Devices>"),
                  located("XmlDeviceListType", 1, 19, "Unexpected token \"EndElement\""));
         QCOMPARE(list.syntaxError(), block("XmlDeviceListType", {"Too few devices (min. 1)"}));
-    }
-
-    // Four times the devices take far less than the sixteen times of a
-    // quadratic reading.
-    void largeDeviceListScalesLinearly()
-    {
-        const QString member = deviceXml("KFactors");
-        KelXmlTest::verifyLinear([&member](int count) {
-            XmlDeviceListType list;
-            return KelXmlTest::read(list, "<D>" + member.repeated(count) + "</D>").isEmpty() &&
-                   list.deviceList().size() == count &&
-                   KelXmlTest::write(list, "D").count("<KFactors ") == count;
-        });
     }
 };
 
