@@ -11,8 +11,9 @@
 #   TARGET      fuzz_elements, fuzz_command, fuzz_response, fuzz_scenario (default: all)
 # Extra libFuzzer options can be given in FUZZ_OPTIONS, e.g. FUZZ_OPTIONS=-runs=10000000.
 # FUZZ_MAX_LEN (default 32768) bounds the inputs; FUZZ_SEEDS names a folder
-# whose command-*, response-* and scenario-* files join the starting inputs of
-# their target (large generated documents, for a run at size).
+# whose subfolders command/, response/, scenario/ and elements/ hold more
+# starting inputs for their target (large generated documents, for a run at
+# size: `kelxml_shapes seeds DIR` writes them).
 set -euo pipefail
 usage="usage: scripts/fuzz.sh FUZZ_BUILD KELXML [SECONDS] [TARGET...]"
 build=${1:?$usage}
@@ -47,8 +48,8 @@ fill_corpus() {
     *) echo "unknown target $target" >&2; exit 64 ;;
     esac
     if [ -n "${FUZZ_SEEDS:-}" ]; then
-        local kind=${target#fuzz_} seed
-        for seed in "$FUZZ_SEEDS"/"$kind"-*; do
+        local seed
+        for seed in "$FUZZ_SEEDS/${target#fuzz_}"/*; do
             [ -e "$seed" ] && cp "$seed" "$corpus"/
         done
     fi
