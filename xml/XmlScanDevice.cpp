@@ -104,40 +104,44 @@ inline int flaggedBytes(quint64 flags)
     return int(((flags >> 7) * ones(1)) >> 56);
 }
 
-// The first byte in [p, bound) that needs the scan's attention in the state
-// at hand: NUL, a byte that is not ASCII, or one of the stops; bound when
-// there is none. Most runs between two stops are short, so the stop is found
-// by a mask of the whole word (or sixteen bytes) rather than byte by byte.
+// True when the word holds the byte c.
+inline bool hasByte(quint64 word, Byte c)
+{
+    const quint64 x = word ^ ones(c);
+    return ((x - ones(0x01)) & ~x & ones(0x80)) != 0;
+}
+
+// Whether a byte needs the scan's attention in a state whose stops are
+// given: NUL, a byte that is not ASCII, or a stop.
+template <Byte... Stops>
+struct StopTable
+{
+    bool stop[256] = {};
+
+    StopTable()
+    {
+        for (int c = 0; c < 256; ++c)
+            stop[c] = c == 0 || c >= 0x80 || ((c == Stops) || ...);
+    }
+};
+
+// The first byte in [p, bound) that needs the scan's attention (see
+// StopTable); bound when there is none. Eight bytes at a time while none of
+// them does, then byte by byte by the state's table: most runs between two
+// stops are short, and a table walk over them costs less than any mask.
 template <Byte... Stops>
 inline const Byte* findSpecial(const Byte* p, const Byte* bound)
 {
-#if defined(__SSE2__)
-    const __m128i zero = _mm_setzero_si128();
-    while (bound - p >= 16) {
-        const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
-        __m128i hits = _mm_cmpeq_epi8(bytes, zero);
-        ((hits = _mm_or_si128(hits, _mm_cmpeq_epi8(bytes, _mm_set1_epi8(char(Stops))))), ...);
-        const unsigned found = unsigned(_mm_movemask_epi8(hits) | _mm_movemask_epi8(bytes));
-        if (found)
-            return p + __builtin_ctz(found);
-        p += 16;
-    }
-#endif
-#if Q_BYTE_ORDER == Q_LITTLE_ENDIAN
+    static const StopTable<Stops...> table;
     while (bound - p >= 8) {
         const quint64 word = load(p);
-        quint64 hits = equalBytes(word, 0) | (word & ones(0x80));
-        ((hits |= equalBytes(word, Stops)), ...);
-        if (hits)
-            return p + (__builtin_ctzll(hits) >> 3);
+        if ((word & ones(0x80)) || hasByte(word, 0) || (hasByte(word, Stops) || ...))
+            break;
         p += 8;
     }
-#endif
-    for (; p < bound; ++p) {
-        if (*p == 0 || *p >= 0x80 || ((*p == Stops) || ...))
-            return p;
-    }
-    return bound;
+    while (p < bound && !table.stop[*p])
+        ++p;
+    return p;
 }
 
 bool startsWith(const Byte* p, const Byte* end, const char* text)
@@ -524,51 +528,245 @@ private:
         }
     }
 
-    // The scan proper, from resume() on. The construct left unfinished by
-    // the last piece is finished first; then text and markup follow each
-    // other, each construct calling the next directly. The state is written
-    // down only where a piece ends before a construct does.
+    // The scan proper, from resume() on: text and markup in turn, as one loop
+    // that keeps its position, the depth and the tag at hand in registers.
+    // The state is written down only where a piece ends inside a construct
+    // (which the next piece takes up first) or a fault ends the scan.
     Step scan()
     {
-        m_p = pointer(m_resume);
+        const Byte* const begin = m_begin;
+        const Byte* const end = m_end;
+        const qint64 base = m_base;
+        const qint64 longest = m_limits.maxValueLength;
+        const bool final = m_final;
+        const Byte* p = begin + (m_resume - base);
+        int depth = m_depth;
+        bool isStart = m_isStart;
+        int attributes = m_attributes;
+        qint64 run = m_run.offset; // where the text, stretch or value at hand started
         Step step = Continue;
+        State quoted = DQuoted;
+
+        const auto offsetOf = [base, begin](const Byte* q) { return base + (q - begin); };
+        // One byte past the longest run from start, or the piece's end.
+        const auto limitOf = [base, begin, end, longest](qint64 start) {
+            const qint64 left = base + (end - begin) - start;
+            return longest < left ? begin + (start + longest + 1 - base) : end;
+        };
+        const auto leave = [&]() {
+            m_p = p;
+            m_depth = depth;
+            m_isStart = isStart;
+            m_attributes = attributes;
+        };
+
         switch (m_state) {
         case Text:
-            step = text(m_run.offset);
-            if (step == Continue)
-                step = markup();
-            break;
+            goto text;
         case Markup:
-            step = markup();
-            break;
+            goto markup;
         case Tag:
-            step = tag(m_run.offset);
-            break;
+            goto tag;
         case DQuoted:
+            quoted = DQuoted;
+            goto value;
         case SQuoted:
-            step = m_state == DQuoted ? quoted<'"'>(m_run.offset) : quoted<'\''>(m_run.offset);
-            if (step == Continue)
-                step = tag(offset(m_p));
-            break;
+            quoted = SQuoted;
+            goto value;
         case Instruction:
-            step = until<'?', '>'>(Instruction, m_run.offset);
-            break;
         case Comment:
-            step = until<'-', '-', '>'>(Comment, m_run.offset);
-            break;
         case CData:
-            step = until<']', ']', '>'>(CData, m_run.offset);
-            break;
+            goto special;
         case Start:
         case Done:
             return Finish;
         }
-        while (step == Continue) {
-            step = text(offset(m_p));
-            if (step == Continue)
-                step = markup();
+
+    text : // character data from run up to the next '<'
+    {
+        const Byte* limit = limitOf(run);
+        for (;;) {
+            p = findSpecial<'<'>(p, limit);
+            if (p >= limit || *p == '<') // past the limit after a multi-byte character
+                break;
+            step = utf8At(p);
+            if (step != Continue)
+                return leaveWith(step, Text, run, p, depth, isStart, attributes);
         }
-        return step;
+        if (offsetOf(p) - run > longest)
+            return valueTooLong(run);
+        if (p == end) {
+            leave();
+            return final ? Finish : suspend(Text, run);
+        }
+    }
+
+    markup : // p stands on '<'
+    {
+        if (!final && end - p < 9) { // "<![CDATA[" and "<!DOCTYPE" are the longest
+            leave();
+            return suspend(Markup, offsetOf(p));
+        }
+        const Byte next = p + 1 < end ? p[1] : 0;
+        if (next == '/') {
+            p += 2;
+            isStart = false;
+            run = offsetOf(p);
+            goto tag;
+        }
+        if (next == '?') {
+            p += 2;
+            run = offsetOf(p);
+            m_state = Instruction;
+            goto special;
+        }
+        if (next == '!') {
+            if (startsWith(p, end, "<!--")) {
+                p += 4;
+                m_state = Comment;
+            } else if (startsWith(p, end, "<![CDATA[")) {
+                p += 9;
+                m_state = CData;
+            } else if (startsWith(p, end, "<!DOCTYPE")) {
+                return failAt(XmlReadError::Dtd, p,
+                              QStringLiteral("a document type declaration is not accepted"));
+            } else {
+                // Not markup the reader accepts: it stops here.
+                ++p;
+                run = offsetOf(p);
+                goto text;
+            }
+            run = offsetOf(p);
+            goto special;
+        }
+        if (++depth > m_limits.maxDepth) {
+            return limitFault(
+                XmlReadError::DepthLimit, Mark{offsetOf(p)}, QStringLiteral("maxDepth"),
+                QStringLiteral("elements nested deeper than %1 levels").arg(m_limits.maxDepth));
+        }
+        ++p;
+        isStart = true;
+        attributes = 0;
+        run = offsetOf(p);
+    }
+
+    tag : // the unquoted stretch of a tag from run (names, '=', blanks), then a
+          // quoted value or the tag's end; a start tag's values are counted
+    {
+        const Byte* limit = limitOf(run);
+        for (;;) {
+            p = findSpecial<'>', '"', '\''>(p, limit);
+            if (p >= limit) {
+                if (offsetOf(p) - run > longest)
+                    return valueTooLong(run);
+                leave();
+                return final ? Finish : suspendTag(run); // the document ends inside the tag
+            }
+            const Byte c = *p;
+            if (c == '>') {
+                const Byte before = p > begin ? p[-1] : m_before;
+                ++p;
+                if (!isStart) {
+                    if (depth > 0)
+                        --depth;
+                } else if (before == '/') {
+                    --depth; // an empty-element tag
+                }
+                run = offsetOf(p);
+                goto text;
+            }
+            if (c == '"' || c == '\'') {
+                if (isStart && ++attributes > m_limits.maxAttributes) {
+                    leave();
+                    return limitFault(XmlReadError::AttributesLimit, attributeStart(run),
+                                      QStringLiteral("maxAttributes"),
+                                      QStringLiteral("more than %1 attributes in one start tag")
+                                          .arg(m_limits.maxAttributes));
+                }
+                ++p;
+                run = offsetOf(p);
+                quoted = c == '"' ? DQuoted : SQuoted;
+                goto value;
+            }
+            step = utf8At(p);
+            if (step != Continue) {
+                if (step != Suspend)
+                    return step;
+                leave();
+                return suspendTag(run);
+            }
+        }
+    }
+
+    value : // a quoted value from run, up to its closing quote
+    {
+        const Byte* limit = limitOf(run);
+        for (;;) {
+            p = quoted == DQuoted ? findSpecial<'"'>(p, limit) : findSpecial<'\''>(p, limit);
+            if (p >= limit)
+                break;
+            if (*p == (quoted == DQuoted ? '"' : '\'')) {
+                ++p;
+                run = offsetOf(p);
+                goto tag;
+            }
+            step = utf8At(p);
+            if (step != Continue)
+                return leaveWith(step, quoted, run, p, depth, isStart, attributes);
+        }
+        if (offsetOf(p) - run > longest)
+            return valueTooLong(run);
+        leave();
+        return final ? Finish : suspend(quoted, run); // the document ends inside the value
+    }
+
+    special : // a processing instruction, comment or CDATA section from run
+    {
+        leave();
+        switch (m_state) {
+        case Instruction:
+            step = until<'?', '>'>(Instruction, run);
+            break;
+        case Comment:
+            step = until<'-', '-', '>'>(Comment, run);
+            break;
+        default:
+            step = until<']', ']', '>'>(CData, run);
+            break;
+        }
+        if (step != Continue)
+            return step;
+        p = m_p;
+        run = offsetOf(p);
+        goto text;
+    }
+    }
+
+    // Leaves the scan on a step that is not Continue: a fault, or the piece's
+    // end inside a UTF-8 sequence of the run at hand.
+    Step leaveWith(Step step, State state, qint64 run, const Byte* p, int depth, bool isStart,
+                   int attributes)
+    {
+        m_p = p;
+        m_depth = depth;
+        m_isStart = isStart;
+        m_attributes = attributes;
+        return step == Suspend ? suspend(state, run) : step;
+    }
+
+    // The byte at p needs a look (NUL, or not ASCII): steps over a valid UTF-8
+    // sequence; Suspend when the piece ends inside one.
+    Step utf8At(const Byte*& p)
+    {
+        if (*p == 0)
+            return failAt(XmlReadError::Encoding, p, QStringLiteral("a NUL byte is not accepted"));
+        if (!m_final && m_end - p < utf8Needs(*p))
+            return Suspend;
+        const int length = utf8Length(p, m_end);
+        if (length == 0)
+            return failAt(XmlReadError::Encoding, p, QStringLiteral("invalid UTF-8"));
+        p += length;
+        return Continue;
     }
 
     // Writes down where the piece ended inside a construct that started at
@@ -601,120 +799,6 @@ private:
                           QStringLiteral("maxValueLength"),
                           QStringLiteral("a text, value, name or comment longer than %1 bytes")
                               .arg(m_limits.maxValueLength));
-    }
-
-    // Character data from start up to the next '<'.
-    Step text(qint64 start)
-    {
-        const Byte* bound = runBound(start);
-        while (m_p < bound) {
-            m_p = findSpecial<'<'>(m_p, bound);
-            if (m_p == bound || *m_p == '<')
-                break;
-            const Step step = checkByte();
-            if (step == Suspend)
-                return suspend(Text, start);
-            if (step != Continue)
-                return step;
-        }
-        if (offset(m_p) - start > m_limits.maxValueLength)
-            return valueTooLong(start);
-        if (m_p == m_end)
-            return m_final ? Finish : suspend(Text, start);
-        return Continue;
-    }
-
-    // The markup that starts at m_p, which stands on '<', up to its end.
-    Step markup()
-    {
-        const Byte* start = m_p;
-        if (!m_final && m_end - m_p < 9) // "<![CDATA[" and "<!DOCTYPE" are the longest
-            return suspend(Markup, offset(m_p));
-        const Byte next = m_p + 1 < m_end ? m_p[1] : 0;
-        if (next == '/') {
-            m_p += 2;
-            m_isStart = false;
-            return tag(offset(m_p));
-        }
-        if (next == '?') {
-            m_p += 2;
-            return until<'?', '>'>(Instruction, offset(m_p));
-        }
-        if (next == '!') {
-            if (startsWith(m_p, m_end, "<!--")) {
-                m_p += 4;
-                return until<'-', '-', '>'>(Comment, offset(m_p));
-            }
-            if (startsWith(m_p, m_end, "<![CDATA[")) {
-                m_p += 9;
-                return until<']', ']', '>'>(CData, offset(m_p));
-            }
-            if (startsWith(m_p, m_end, "<!DOCTYPE")) {
-                return failAt(XmlReadError::Dtd, start,
-                              QStringLiteral("a document type declaration is not accepted"));
-            }
-            // Not markup the reader accepts: it stops here.
-            ++m_p;
-            return Continue;
-        }
-        if (++m_depth > m_limits.maxDepth) {
-            return limitFault(
-                XmlReadError::DepthLimit, Mark{offset(start)}, QStringLiteral("maxDepth"),
-                QStringLiteral("elements nested deeper than %1 levels").arg(m_limits.maxDepth));
-        }
-        ++m_p;
-        m_isStart = true;
-        m_attributes = 0;
-        return tag(offset(m_p));
-    }
-
-    // The rest of a start or end tag, up to and including its '>', from the
-    // unquoted stretch (names, '=', blanks) that starts at segment. Counts
-    // the attributes of a start tag by their quoted values.
-    Step tag(qint64 segment)
-    {
-        for (;;) {
-            const Byte* bound = runBound(segment);
-            m_p = findSpecial<'>', '"', '\''>(m_p, bound);
-            if (m_p == bound) {
-                if (offset(m_p) - segment > m_limits.maxValueLength)
-                    return valueTooLong(segment);
-                if (m_final)
-                    return Finish; // the document ends inside the tag
-                return suspendTag(segment);
-            }
-            const Byte c = *m_p;
-            if (c == '>') {
-                const Byte before = m_p > m_begin ? m_p[-1] : m_before;
-                ++m_p;
-                if (!m_isStart) {
-                    if (m_depth > 0)
-                        --m_depth;
-                } else if (before == '/') {
-                    --m_depth; // an empty-element tag
-                }
-                return Continue;
-            }
-            if (c == '"' || c == '\'') {
-                if (m_isStart && ++m_attributes > m_limits.maxAttributes) {
-                    return limitFault(XmlReadError::AttributesLimit, attributeStart(segment),
-                                      QStringLiteral("maxAttributes"),
-                                      QStringLiteral("more than %1 attributes in one start tag")
-                                          .arg(m_limits.maxAttributes));
-                }
-                ++m_p;
-                const Step step = c == '"' ? quoted<'"'>(offset(m_p)) : quoted<'\''>(offset(m_p));
-                if (step != Continue)
-                    return step;
-                segment = offset(m_p);
-                continue;
-            }
-            const Step step = checkByte();
-            if (step == Suspend)
-                return suspendTag(segment);
-            if (step != Continue)
-                return step;
-        }
     }
 
     // A piece ends inside the unquoted stretch of a tag: besides the state,
@@ -767,33 +851,6 @@ private:
         if (q == floor)
             return summed ? m_afterSpace : markAt(segment);
         return Mark{offset(q)};
-    }
-
-    // A quoted value from start; m_p stands after its opening quote, and
-    // after its closing quote once it returns Continue.
-    template <Byte quote>
-    Step quoted(qint64 start)
-    {
-        const Byte* bound = runBound(start);
-        while (m_p < bound) {
-            m_p = findSpecial<quote>(m_p, bound);
-            if (m_p == bound)
-                break;
-            if (*m_p == quote) {
-                ++m_p;
-                return Continue;
-            }
-            const Step step = checkByte();
-            if (step == Suspend)
-                return suspend(quote == '"' ? DQuoted : SQuoted, start);
-            if (step != Continue)
-                return step;
-        }
-        if (offset(m_p) - start > m_limits.maxValueLength)
-            return valueTooLong(start);
-        if (m_final)
-            return Finish; // the document ends inside the value
-        return suspend(quote == '"' ? DQuoted : SQuoted, start);
     }
 
     // A comment, processing instruction or CDATA section whose content

@@ -227,6 +227,20 @@ private slots:
         // long is met before that.
         const Refusal tooLong{XmlReadError::ValueLengthLimit, QStringLiteral("maxValueLength"), 1,
                               1};
+        // A character of several bytes that crosses the limit ends the run there.
+        add("text 11 with é", QByteArray("<a>1234567890\xC3\xA9\x80</a>"), true,
+            {XmlReadError::ValueLengthLimit, QStringLiteral("maxValueLength"), qint64(1),
+             qint64(4)});
+        add("name 11 with é", QByteArray("<abcdefghij\xC3\xA9\x80/>"), true,
+            {XmlReadError::ValueLengthLimit, QStringLiteral("maxValueLength"), qint64(1),
+             qint64(2)});
+        add("value 11 with é", QByteArray("<a b='1234567890\xC3\xA9\x80'/>"), true,
+            {XmlReadError::ValueLengthLimit, QStringLiteral("maxValueLength"), qint64(1),
+             qint64(7)});
+        add("name 11 with é at the end", QByteArray("<abcdefghij\xC3\xA9"), true,
+            {XmlReadError::ValueLengthLimit, QStringLiteral("maxValueLength"), qint64(1),
+             qint64(2)});
+
         add("size 1001", QByteArray(1001, ' '), true,
             {XmlReadError::SizeLimit, QStringLiteral("maxBytes"), qint64(1), qint64(1)}, tooLong);
         add("size 1001 of markup", QByteArray("<a>") + QByteArray("<b/>").repeated(248) + "  </a>",
