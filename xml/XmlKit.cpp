@@ -66,11 +66,11 @@ QDateTime parseDateTime(const QString& text)
                 return QDateTime(date, time, Qt::LocalTime);
             if (size == 20 && c[19] == QLatin1Char('Z'))
                 return QDateTime(date, time, Qt::UTC);
-            const int offsetHours = digits(c + 20, 2);
-            const int offsetMinutes = digits(c + 23, 2);
-            if (size == 25 && (c[19] == QLatin1Char('+') || c[19] == QLatin1Char('-')) &&
-                c[22] == QLatin1Char(':') && offsetHours >= 0 && offsetHours <= 14 &&
-                offsetMinutes >= 0 && offsetMinutes <= 59) {
+            const int offsetHours = size == 25 ? digits(c + 20, 2) : -1;
+            const int offsetMinutes = size == 25 ? digits(c + 23, 2) : -1;
+            if (offsetHours >= 0 && offsetHours <= 14 && offsetMinutes >= 0 &&
+                offsetMinutes <= 59 && (c[19] == QLatin1Char('+') || c[19] == QLatin1Char('-')) &&
+                c[22] == QLatin1Char(':')) { // the offset is read only for 25 characters
                 const int offset = (offsetHours * 60 + offsetMinutes) * 60;
                 return QDateTime(date, time, Qt::OffsetFromUTC,
                                  c[19] == QLatin1Char('-') ? -offset : offset);
