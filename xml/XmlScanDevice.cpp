@@ -364,13 +364,6 @@ public:
         f(m_pending.at);
     }
 
-    // A fault found outside the scan (the size of a stream).
-    void fail(const Fault& fault)
-    {
-        m_fault = fault;
-        m_outcome = Failed;
-    }
-
 private:
     enum State
     {
@@ -378,7 +371,7 @@ private:
         Text,        // character data up to the next '<'
         Markup,      // on a '<'
         Tag,         // in a start or end tag, outside quotes
-        DQuoted,     // in "..." of a start tag
+        DQuoted,     // in "..." of a tag
         SQuoted,     // in '...'
         Instruction, // <?...?>
         Comment,     // <!--...-->
