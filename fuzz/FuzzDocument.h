@@ -3,11 +3,14 @@
 // What the document targets share: read the input as a whole document
 // through the entry point, then check, report, write and reset the result.
 // Whatever the input, this must end quickly and safely, and every refusal
-// must say where it happened.
+// must say where it happened. The check of the raw bytes, cut into small
+// blocks, must find what it finds on the whole.
 
 #include <XmlDocumentReader.h>
 #include <XmlElementBase.h>
+#include <XmlScanDevice.h>
 
+#include <QBuffer>
 #include <QByteArray>
 #include <QXmlStreamWriter>
 
@@ -78,6 +81,20 @@ inline int readDocument(const char* alias, const uint8_t* data, size_t size)
 
     const QByteArray document =
         QByteArray::fromRawData(reinterpret_cast<const char*>(data), int(size));
+
+    // The check carries its state from block to block: in blocks of a few
+    // bytes, from the array and from a device, it refuses as on the whole.
+    const KelXml::XmlReadError whole = reader.scan(document);
+    KelXml::XmlScanDevice cut(document, limits, 1 + qint64(size % 7));
+    cut.scanToEnd();
+    require(cut.fault().kind == whole.kind && cut.fault().text() == whole.text());
+    QByteArray copy(document);
+    QBuffer source(&copy);
+    source.open(QIODevice::ReadOnly);
+    KelXml::XmlScanDevice fromDevice(&source, limits, 1 + qint64(size % 5));
+    fromDevice.scanToEnd();
+    require(fromDevice.fault().kind == whole.kind && fromDevice.fault().text() == whole.text());
+
     const QString className = QString::fromLatin1(alias);
     KelXml::XmlReadResult result = reader.read(className, document);
     const KelXml::XmlReadError& error = result.error;

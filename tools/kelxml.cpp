@@ -16,6 +16,10 @@
 #include <limits>
 #include <memory>
 
+#if defined(__GLIBC__)
+#include <malloc.h>
+#endif
+
 using KelXml::IXmlElement;
 using KelXml::XmlDocumentReader;
 using KelXml::XmlElementRegistry;
@@ -304,6 +308,13 @@ int listClasses()
 
 int main(int argc, char* argv[])
 {
+#if defined(__GLIBC__)
+    // Each model read is freed before the tool exits, as a server frees every
+    // message it reads. glibc's fast bins keep small freed blocks apart and
+    // merge them all again each time a large one is freed; without them a
+    // model of many small objects is freed in about half the time.
+    mallopt(M_MXFAST, 0);
+#endif
     QCoreApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral(KELXML_TOOL_NAME));
     QCoreApplication::setApplicationVersion(QStringLiteral(KELXML_VERSION_STRING));

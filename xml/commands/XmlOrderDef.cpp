@@ -43,8 +43,32 @@ void XmlOrderDef::reset()
     XmlComposite::reset();
 }
 
+namespace {
+
+// "KEL" and fifteen ASCII digits: the ids as a client makes them.
+bool isPlainOrderId(const QString& orderId)
+{
+    if (orderId.size() != 18 || !orderId.startsWith(QLatin1String("KEL")))
+        return false;
+    for (int i = 3; i < 18; ++i) {
+        if (unsigned(orderId.at(i).unicode()) - '0' > 9)
+            return false;
+    }
+    return true;
+}
+
+} // namespace
+
 bool XmlOrderDef::setOrderId(const QString& orderId)
 {
+    // The ids as a client makes them are taken at once; the pattern decides
+    // every other text.
+    if (isPlainOrderId(orderId)) {
+        m_orderId = orderId;
+        return true;
+    }
+    if (!orderId.startsWith(QLatin1String("KEL")))
+        return false;
     // The whole text must match: no line feed after the digits either. Any
     // Unicode decimal digit counts as a digit.
     static const QRegularExpression pattern(

@@ -35,8 +35,25 @@ XmlRespRoot::XmlRespRoot()
     : XmlElementBase(PermanentName{&typeName})
     , m_type(Undefined)
     , m_final(true)
-    , m_timestamp(QDateTime::currentDateTime())
+    , m_madeAt(QDateTime::currentMSecsSinceEpoch())
 {}
+
+// The local time of the instant taken, converted once: what
+// QDateTime::currentDateTime() would have given at that instant.
+const QDateTime& XmlRespRoot::timestamp() const
+{
+    if (m_madeAt != converted) {
+        m_timestamp = QDateTime::fromMSecsSinceEpoch(m_madeAt, Qt::LocalTime);
+        m_madeAt = converted;
+    }
+    return m_timestamp;
+}
+
+void XmlRespRoot::setTimestamp(const QDateTime& timestamp)
+{
+    m_timestamp = timestamp;
+    m_madeAt = converted;
+}
 
 void XmlRespRoot::processXml(QXmlStreamReader& reader, const QString& elementName)
 {
@@ -55,7 +72,7 @@ void XmlRespRoot::processXml(QXmlStreamReader& reader, const QString& elementNam
         m_final = false;
     else
         in.failAttribute(finalAttribute);
-    m_timestamp = XmlKit::parseDateTime(attributes.value(timestampAttribute).toString());
+    setTimestamp(XmlKit::parseDateTime(attributes.value(timestampAttribute).toString()));
     if (!m_timestamp.isValid())
         in.failAttribute(timestampAttribute);
 
@@ -98,7 +115,7 @@ void XmlRespRoot::produceXml(QXmlStreamWriter& writer, const QString& elementNam
     writer.writeAttribute(typeAttribute, typeTexts.text(m_type));
     writer.writeAttribute(finalAttribute,
                           m_final ? QStringLiteral("true") : QStringLiteral("false"));
-    writer.writeAttribute(timestampAttribute, XmlKit::formatDateTime(m_timestamp));
+    writer.writeAttribute(timestampAttribute, XmlKit::formatDateTime(timestamp()));
     if (m_orderDef)
         m_orderDef->produceXml(writer, orderDefElement);
     if (m_autoResp)
@@ -136,7 +153,8 @@ void XmlRespRoot::reset()
     m_interactResp.reset();
     m_final = true;
     m_type = Undefined;
-    m_timestamp = QDateTime::currentDateTime();
+    m_timestamp = QDateTime();
+    m_madeAt = QDateTime::currentMSecsSinceEpoch();
     XmlElementBase::reset();
 }
 

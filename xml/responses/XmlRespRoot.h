@@ -8,6 +8,8 @@
 
 #include <QDateTime>
 
+#include <limits>
+
 namespace KelXml {
 
 /// A whole response message, under a root element named by the caller:
@@ -20,7 +22,11 @@ namespace KelXml {
 /// by isValid() and syntaxError().
 ///
 /// The timestamp defaults to the time of construction, and reset() takes the
-/// time anew.
+/// time anew. Only the instant is taken then; it is converted to local time
+/// when the timestamp is first asked for or written (reading a response
+/// replaces it, so a server that reads responses never converts it), which
+/// gives the same value as converting it at once unless the system's time
+/// zone changes in between.
 /// \ingroup responses
 class KELXML_EXPORT XmlRespRoot : public XmlElementBase
 {
@@ -44,8 +50,8 @@ public:
     bool isFinal() const { return m_final; }
     void setFinal(bool final) { m_final = final; }
     /// When the response was made, written in ISO 8601 to the second.
-    const QDateTime& timestamp() const { return m_timestamp; }
-    void setTimestamp(const QDateTime& timestamp) { m_timestamp = timestamp; }
+    const QDateTime& timestamp() const;
+    void setTimestamp(const QDateTime& timestamp);
 
     bool hasOrderDef() const { return bool(m_orderDef); }
     /// Null when absent; setOrderDef() stores a copy.
@@ -66,9 +72,13 @@ protected:
     void checkContent(XmlChecks& checks) const override;
 
 private:
+    // The instant of construction or reset, before it is converted.
+    static constexpr qint64 converted = std::numeric_limits<qint64>::min();
+
     RespType m_type;
     bool m_final;
-    QDateTime m_timestamp;
+    mutable QDateTime m_timestamp;
+    mutable qint64 m_madeAt; // ms since the epoch while not converted, else `converted`
     XmlOwnedPtr<XmlOrderDef> m_orderDef;
     XmlOwnedPtr<XmlAutoRespType> m_autoResp;
     XmlOwnedPtr<XmlInteractRespType> m_interactResp;

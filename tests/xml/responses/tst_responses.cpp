@@ -215,6 +215,92 @@ private slots:
         QCOMPARE(KelXmlTest::write(root, "R"),
                  "<R type=\"UNDEFINED\" final=\"true\" timestamp=\"" + time + "\"/>");
     }
+
+    // The timestamp is taken when the root is made, though converted to local
+    // time only when first asked for: the same value as currentDateTime()
+    // then, kept by copies and by every later call.
+    void timestampOfConstruction()
+    {
+        const qint64 before = QDateTime::currentMSecsSinceEpoch();
+        XmlRespRoot root;
+        const qint64 after = QDateTime::currentMSecsSinceEpoch();
+        const XmlRespRoot copy = root;
+        QTest::qSleep(30);
+        const QDateTime& stamp = root.timestamp();
+        QCOMPARE(stamp.timeSpec(), Qt::LocalTime);
+        QVERIFY(before <= stamp.toMSecsSinceEpoch() && stamp.toMSecsSinceEpoch() <= after);
+        QCOMPARE(copy.timestamp(), stamp);
+        QCOMPARE(&root.timestamp(), &stamp);
+        QCOMPARE(root.timestamp(),
+                 QDateTime::fromMSecsSinceEpoch(stamp.toMSecsSinceEpoch(), Qt::LocalTime));
+        root.reset();
+        QVERIFY(root.timestamp().toMSecsSinceEpoch() >= after + 30);
+    }
+
+    // Timestamps are read as Qt reads an ISO 8601 date-time, whichever form
+    // they take, in a zone with daylight saving time (where a local time may
+    // fall into the hour skipped in spring and be invalid).
+    void timestampsReadAsQtReadsThem_data()
+    {
+        QTest::addColumn<QString>("text");
+        for (const char* text : {"2021-03-04T05:06:07",
+                                 "2021-03-04T05:06:07Z",
+                                 "2021-03-04T05:06:07+02:00",
+                                 "2021-03-04T05:06:07-05:30",
+                                 "2021-03-04T05:06:07+00:00",
+                                 "2021-03-04T05:06:07-00:00",
+                                 "2021-03-04T05:06:07+14:59",
+                                 "2021-03-04T05:06:07+15:00",
+                                 "2021-03-04T05:06:07+02:60",
+                                 "2024-02-29T23:59:59",
+                                 "2021-02-29T00:00:00",
+                                 "2021-02-30T00:00:00",
+                                 "2021-13-01T00:00:00",
+                                 "0000-01-01T00:00:00",
+                                 "2021-03-04T24:00:00",
+                                 "2021-03-04T23:60:00",
+                                 "2021-03-04T23:59:60",
+                                 "2021-03-04T05:06:07.250",
+                                 "2021-03-04t05:06:07",
+                                 "2021-03-04 05:06:07",
+                                 "2021-03-04T05:06:07z",
+                                 "2021-03-04T05:06:07+0200",
+                                 "2021-03-04T05:06:07+",
+                                 "2021-03-04T05:06:07+02",
+                                 "2021-03-04T05:06",
+                                 "2021-03-04",
+                                 "2021-03-04T05:06:07 ",
+                                 "\xEF\xBC\x92"
+                                 "021-03-04T05:06:07",
+                                 "2021-03-28T02:30:00",
+                                 "2021-03-28T01:59:59",
+                                 "2021-10-31T02:30:00",
+                                 "2021-03-28T02:30:00+01:00",
+                                 ""}) {
+            QTest::newRow(text) << QString::fromUtf8(text);
+        }
+    }
+    void timestampsReadAsQtReadsThem()
+    {
+        QFETCH(QString, text);
+        const QByteArray zone = qgetenv("TZ");
+        qputenv("TZ", "CET-1CEST,M3.5.0,M10.5.0/3");
+        const QDateTime read = XmlKit::parseDateTime(text);
+        const QDateTime qt = QDateTime::fromString(text, Qt::ISODate);
+        if (zone.isNull())
+            qunsetenv("TZ");
+        else
+            qputenv("TZ", zone);
+        QCOMPARE(read.isNull(), qt.isNull());
+        QCOMPARE(read.isValid(), qt.isValid());
+        QCOMPARE(read.date(), qt.date());
+        QCOMPARE(read.time(), qt.time());
+        QCOMPARE(read.timeSpec(), qt.timeSpec());
+        QCOMPARE(read.offsetFromUtc(), qt.offsetFromUtc());
+        QCOMPARE(read.toMSecsSinceEpoch(), qt.toMSecsSinceEpoch());
+        QCOMPARE(read, qt);
+        QCOMPARE(XmlKit::formatDateTime(read), XmlKit::formatDateTime(qt));
+    }
 };
 
 QTEST_GUILESS_MAIN(TestResponses)
