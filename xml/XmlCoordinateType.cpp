@@ -1,6 +1,8 @@
 #include "XmlCoordinateType.h"
 
+#include "XmlElementReader.h"
 #include "XmlKit.h"
+#include "XmlNumberText.h"
 
 namespace KelXml {
 

@@ -116,15 +116,6 @@ XmlReadResult readThrough(const QString& className, XmlScanDevice& device)
 
 } // namespace
 
-QString XmlReadError::text() const
-{
-    if (kind == None)
-        return QString();
-    if (line <= 0 || kind == Element)
-        return message;
-    return QStringLiteral("line %1, column %2: %3").arg(line).arg(column).arg(message);
-}
-
 XmlDocumentReader::XmlDocumentReader(const XmlReadLimits& limits)
     : m_limits(limits)
 {}

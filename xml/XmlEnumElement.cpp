@@ -1,6 +1,6 @@
 #include "XmlEnumElement.h"
 
-#include "XmlKit.h"
+#include "XmlElementReader.h"
 
 namespace KelXml {
 

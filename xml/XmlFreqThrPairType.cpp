@@ -1,5 +1,6 @@
 #include "XmlFreqThrPairType.h"
 
+#include "XmlElementReader.h"
 #include "XmlLayout.h"
 
 namespace KelXml {

@@ -1,6 +1,6 @@
 #include "XmlKeyType.h"
 
-#include "XmlKit.h"
+#include "XmlElementReader.h"
 
 namespace KelXml {
 

@@ -1,4 +1,6 @@
 #include "XmlLayout.h"
+#include "XmlElementReader.h"
+#include "XmlKit.h"
 
 namespace KelXml {
 
@@ -264,24 +266,24 @@ const XmlLayout::Entry* XmlLayout::entryFor(QStringView name, size_t from) const
     return nullptr;
 }
 
-void XmlLayout::read(XmlComposite& owner, QXmlStreamReader& reader,
+void XmlLayout::read(XmlElementBase& owner, XmlText& version, QXmlStreamReader& reader,
                      const QString& elementName) const
 {
     XmlElementReader in(owner, reader, elementName, m_wording);
-    if (begin(owner, in))
+    if (begin(version, in))
         readChildren(owner, in);
 }
 
-bool XmlLayout::begin(XmlComposite& owner, XmlElementReader& in) const
+bool XmlLayout::begin(XmlText& version, XmlElementReader& in) const
 {
     if (m_version == NoVersion)
         return !m_positionTest || in.atStartTag();
-    if (!in.begin(owner.m_version))
+    if (!in.begin(version))
         return false;
-    return m_version != CheckedVersion || in.checkVersion(owner.m_version);
+    return m_version != CheckedVersion || in.checkVersion(version);
 }
 
-bool XmlLayout::readChild(XmlComposite& owner, XmlElementReader& in, QStringView name,
+bool XmlLayout::readChild(XmlElementBase& owner, XmlElementReader& in, QStringView name,
                           Progress& progress) const
 {
     const Entry* entry = entryFor(name, progress.last);
@@ -306,12 +308,12 @@ bool XmlLayout::readChild(XmlComposite& owner, XmlElementReader& in, QStringView
     return true;
 }
 
-void XmlLayout::readChildren(XmlComposite& owner, XmlElementReader& in) const
+void XmlLayout::readChildren(XmlElementBase& owner, XmlElementReader& in) const
 {
     struct Children : XmlElementReader::Tokens
     {
         const XmlLayout& layout;
-        XmlComposite& owner;
+        XmlElementBase& owner;
         XmlElementReader& in;
         Progress progress;
 
@@ -325,79 +327,30 @@ void XmlLayout::readChildren(XmlComposite& owner, XmlElementReader& in) const
     in.loop(tokens);
 }
 
-void XmlLayout::write(const XmlComposite& owner, QXmlStreamWriter& writer,
+void XmlLayout::write(const XmlElementBase& owner, const XmlText& version, QXmlStreamWriter& writer,
                       const QString& elementName) const
 {
     if (m_version == NoVersion)
         writer.writeStartElement(elementName);
     else
-        XmlKit::writeStartElement(writer, elementName, owner.m_version);
+        XmlKit::writeStartElement(writer, elementName, version);
     for (const XmlField& field : m_fields)
         field.write(owner, writer);
     writer.writeEndElement();
 }
 
-void XmlLayout::checkChildren(const XmlComposite& owner, XmlChecks& checks) const
+void XmlLayout::checkChildren(const XmlElementBase& owner, XmlChecks& checks) const
 {
     for (const XmlField& field : m_fields)
         field.check(owner, checks);
 }
 
-void XmlLayout::resetChildren(XmlComposite& owner) const
+void XmlLayout::resetChildren(XmlElementBase& owner) const
 {
     for (const Entry& entry : m_entries) {
         if (entry.field->m_clear)
             entry.field->m_clear(owner);
     }
-}
-
-XmlComposite::XmlComposite(const XmlLayout& layout)
-    : XmlElementBase(PermanentName{&layout.m_identity->classname})
-    , m_version(XmlKit::defaultVersionText)
-{}
-
-const XmlLayout& XmlComposite::layout() const
-{
-    return XmlLayout::ofName(classname());
-}
-
-void XmlComposite::processXml(QXmlStreamReader& reader, const QString& elementName)
-{
-    layout().read(*this, reader, elementName);
-}
-
-void XmlComposite::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
-{
-    layout().write(*this, writer, elementName);
-}
-
-void XmlComposite::reset()
-{
-    layout().resetChildren(*this);
-    m_version = XmlKit::defaultVersionText;
-    XmlElementBase::reset();
-}
-
-void XmlComposite::checkContent(XmlChecks& checks) const
-{
-    checkVersion(checks);
-    checkChildren(checks);
-}
-
-void XmlComposite::checkVersion(XmlChecks& checks) const
-{
-    if (layout().versionRule() != XmlLayout::NoVersion)
-        checks.version(supportsVersion(), m_version);
-}
-
-void XmlComposite::checkChildren(XmlChecks& checks) const
-{
-    layout().checkChildren(*this, checks);
-}
-
-bool XmlComposite::supportsVersion() const
-{
-    return XmlKit::isSupportedVersion(m_version);
 }
 
 } // namespace KelXml

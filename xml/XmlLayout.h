@@ -6,8 +6,7 @@
 // writes, checks and resets its children from this table. Internal to the
 // library and not installed.
 
-#include "XmlComposite.h"
-#include "XmlKit.h"
+#include "XmlElementReader.h"
 #include "XmlOwned.h"
 
 #include <QStringList>
@@ -19,6 +18,9 @@
 #include <vector>
 
 namespace KelXml {
+
+class XmlComposite;
+class XmlLayout;
 
 // One child of a composite's table, or one choice between children.
 class KELXML_EXPORT XmlField
@@ -251,10 +253,12 @@ public:
     VersionRule versionRule() const { return m_version; }
 
     // The whole reading of an element: opening, then the children.
-    void read(XmlComposite& owner, QXmlStreamReader& reader, const QString& elementName) const;
+    // The owner's version is the one its element carries (when the table has one).
+    void read(XmlElementBase& owner, XmlText& version, QXmlStreamReader& reader,
+              const QString& elementName) const;
     // The opening: position test and version as the class has them. False
     // after an error.
-    bool begin(XmlComposite& owner, XmlElementReader& in) const;
+    bool begin(XmlText& version, XmlElementReader& in) const;
     // Which children one reading has met so far.
     struct Progress
     {
@@ -263,17 +267,23 @@ public:
         size_t last = 0;     // the entry read last: where a tag is looked up first
     };
     // The token loop over the children, up to the own end tag.
-    void readChildren(XmlComposite& owner, XmlElementReader& in) const;
+    void readChildren(XmlElementBase& owner, XmlElementReader& in) const;
     // One child start tag, for a class that runs its own loop: reads the child
     // and returns true when the table admits it at this point.
-    bool readChild(XmlComposite& owner, XmlElementReader& in, QStringView name,
+    bool readChild(XmlElementBase& owner, XmlElementReader& in, QStringView name,
                    Progress& progress) const;
-    void write(const XmlComposite& owner, QXmlStreamWriter& writer,
+    void write(const XmlElementBase& owner, const XmlText& version, QXmlStreamWriter& writer,
                const QString& elementName) const;
+    // The same for a table without a version.
+    void write(const XmlElementBase& owner, QXmlStreamWriter& writer,
+               const QString& elementName) const
+    {
+        write(owner, XmlText(), writer, elementName);
+    }
     // Every child's verdict or report, in table order.
-    void checkChildren(const XmlComposite& owner, XmlChecks& checks) const;
+    void checkChildren(const XmlElementBase& owner, XmlChecks& checks) const;
     // Resets the children held by value, deletes the others, empties lists.
-    void resetChildren(XmlComposite& owner) const;
+    void resetChildren(XmlElementBase& owner) const;
 
 private:
     friend class XmlSeen;

@@ -3,6 +3,7 @@
 // The definitions of XmlListType. Each list class's source includes this and
 // instantiates the template for its member class.
 
+#include "XmlElementReader.h"
 #include "XmlKit.h"
 #include "XmlListType.h"
 

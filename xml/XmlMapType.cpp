@@ -1,5 +1,6 @@
 #include "XmlMapType.h"
 
+#include "XmlElementReader.h"
 #include "XmlKit.h"
 
 namespace KelXml {

@@ -1,6 +1,8 @@
 #include "XmlMeasuredValue.h"
 
+#include "XmlElementReader.h"
 #include "XmlKit.h"
+#include "XmlNumberText.h"
 
 namespace KelXml {
 

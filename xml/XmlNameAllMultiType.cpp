@@ -1,6 +1,6 @@
 #include "XmlNameAllMultiType.h"
 
-#include "XmlKit.h"
+#include "XmlElementReader.h"
 
 namespace KelXml {
 

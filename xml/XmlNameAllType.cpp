@@ -1,6 +1,6 @@
 #include "XmlNameAllType.h"
 
-#include "XmlKit.h"
+#include "XmlElementReader.h"
 
 namespace KelXml {
 

@@ -1,5 +1,6 @@
 #include "XmlNumCoordType.h"
 
+#include "XmlElementReader.h"
 #include "XmlKit.h"
 
 #include <QXmlStreamAttributes>

@@ -1,6 +1,6 @@
 #include "XmlObjNameType.h"
 
-#include "XmlKit.h"
+#include "XmlElementReader.h"
 
 namespace KelXml {
 

@@ -40,7 +40,7 @@ protected:
     }
 
 private:
-    friend class XmlParamTable;
+    void resetFields();
 
     const XmlParamTable* m_table;
     QVector<double> m_values;

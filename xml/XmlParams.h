@@ -5,14 +5,17 @@
 // when the text does not convert, and the reader error then raised. Internal
 // to the library and not installed.
 
-#include "XmlKit.h"
-#include "XmlParamSet.h"
+#include "XmlEnumTexts.h"
+
+#include <QString>
 
 #include <initializer_list>
 #include <optional>
 #include <vector>
 
 namespace KelXml {
+
+class XmlParamSet;
 
 class KELXML_EXPORT XmlParam
 {
@@ -37,6 +40,7 @@ public:
 
 private:
     friend class XmlParamTable;
+    friend class XmlParamSet;
 
     enum Kind
     {
@@ -73,11 +77,10 @@ public:
 
     const QString& classname() const { return m_classname; }
 
-    void read(XmlParamSet& set, QXmlStreamReader& reader, const QString& elementName) const;
-    void write(const XmlParamSet& set, QXmlStreamWriter& writer, const QString& elementName) const;
-    void reset(XmlParamSet& set) const;
-
 private:
+    // The set reads, writes and resets itself from its table's fields.
+    friend class XmlParamSet;
+
     QString m_classname;
     std::vector<XmlParam> m_fields;
     bool m_resetBeforeReading = false;

@@ -1,6 +1,6 @@
 #include "XmlReferenceType.h"
 
-#include "XmlKit.h"
+#include "XmlElementReader.h"
 
 namespace KelXml {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "XmlDocumentReader.h"
+#include "XmlReadError.h"
 
 #include <QByteArray>
 #include <QIODevice>

@@ -1,7 +1,5 @@
 #include "XmlText.h"
 
-#include "XmlKit.h"
-
 #include <QHash>
 
 #include <array>

@@ -6,6 +6,7 @@
 #include <QStringView>
 
 #include <atomic>
+#include <cstring>
 #include <utility>
 
 namespace KelXml {
@@ -73,5 +74,44 @@ private:
 
     Node* m_node; // never null
 };
+
+namespace XmlKit {
+
+// Equal names, compared in place (the loop's test of a tag against a table),
+// four characters at a time.
+inline bool sameName(QStringView a, QStringView b)
+{
+    if (a.size() != b.size())
+        return false;
+    const char* p = reinterpret_cast<const char*>(a.data());
+    const char* q = reinterpret_cast<const char*>(b.data());
+    size_t bytes = size_t(a.size()) * sizeof(QChar);
+    for (; bytes >= 8; bytes -= 8, p += 8, q += 8) {
+        quint64 x, y;
+        std::memcpy(&x, p, 8);
+        std::memcpy(&y, q, 8);
+        if (x != y)
+            return false;
+    }
+    for (; bytes > 0; bytes -= 2, p += 2, q += 2) {
+        quint16 x, y;
+        std::memcpy(&x, p, 2);
+        std::memcpy(&y, q, 2);
+        if (x != y)
+            return false;
+    }
+    return true;
+}
+
+// Equal texts, compared in place: quick for the short words (versions,
+// units) that every element checks, and at once when both share one string.
+inline bool sameText(const QString& a, const QString& b)
+{
+    if (a.constData() == b.constData())
+        return a.size() == b.size();
+    return sameName(a, b);
+}
+
+} // namespace XmlKit
 
 } // namespace KelXml

@@ -4,7 +4,9 @@
 
 #include "KelXmlTest.h"
 
+#include <XmlDateTime.h>
 #include <XmlDecibelType.h>
+#include <XmlElementReader.h>
 #include <XmlFreqType.h>
 #include <XmlKit.h>
 #include <XmlObjNameType.h>

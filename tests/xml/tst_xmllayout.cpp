@@ -4,10 +4,14 @@
 
 #include "KelXmlTest.h"
 
+#include <XmlComposite.h>
 #include <XmlDecibelType.h>
+#include <XmlElementReader.h>
+#include <XmlEnumTexts.h>
 #include <XmlFreqType.h>
 #include <XmlLayout.h>
 #include <XmlObjNameType.h>
+#include <XmlParamSet.h>
 #include <XmlParams.h>
 
 #include <QtTest>
@@ -31,16 +35,17 @@ public:
     {
         using S = XmlSampleType;
         static const XmlLayout layout =
-            XmlLayout("XmlSampleType", XmlElementReader::ElementWording, XmlLayout::CheckedVersion,
-                      {
-                          XmlField::optional("Note", &S::note).refusedBy({"Note", "Low", "High", "Gain"}),
-                          XmlField::object("Name", &S::name),
-                          XmlField::oneOf({XmlField::optional("Low", &S::low),
-                                           XmlField::optional("High", &S::high)},
-                                          "Neither Low nor High"),
-                          XmlField::list("Gain", &S::gains),
-                          XmlField::optional("Link", &S::link).anywhere().replaced().writtenAs("Linked"),
-                      })
+            XmlLayout(
+                "XmlSampleType", XmlElementReader::ElementWording, XmlLayout::CheckedVersion,
+                {
+                    XmlField::optional("Note", &S::note).refusedBy({"Note", "Low", "High", "Gain"}),
+                    XmlField::object("Name", &S::name),
+                    XmlField::oneOf(
+                        {XmlField::optional("Low", &S::low), XmlField::optional("High", &S::high)},
+                        "Neither Low nor High"),
+                    XmlField::list("Gain", &S::gains),
+                    XmlField::optional("Link", &S::link).anywhere().replaced().writtenAs("Linked"),
+                })
                 .completeWhen([](const XmlSeen& seen) {
                     return !seen.has(QStringLiteral("High")) || seen.has(QStringLiteral("Gain"));
                 });
@@ -66,13 +71,14 @@ public:
     static const XmlParamTable& table()
     {
         static const XmlParamTable table =
-            XmlParamTable("XmlSampleSet",
-                          {
-                              XmlParam::number("Range", 5.0, 2, "Illegal range").fallback(7.0).repeated(),
-                              XmlParam::choice("Mode", XmlEnumTexts::numbered({"Slow", "Fast"}), 0,
-                                               "Illegal mode")
-                                  .writtenUnderSetName(),
-                          })
+            XmlParamTable(
+                "XmlSampleSet",
+                {
+                    XmlParam::number("Range", 5.0, 2, "Illegal range").fallback(7.0).repeated(),
+                    XmlParam::choice("Mode", XmlEnumTexts::numbered({"Slow", "Fast"}), 0,
+                                     "Illegal mode")
+                        .writtenUnderSetName(),
+                })
                 .resetBeforeReading();
         return table;
     }
@@ -109,14 +115,16 @@ private slots:
         QTest::newRow("minimal") << sample(name + low) << QString();
         QTest::newRow("note before name") << sample(note + name + low) << QString();
         QTest::newRow("note after name") << sample(name + note + low) << QString();
-        QTest::newRow("note after shape") << sample(name + low + note) << "Unexpected element \"Note\"";
+        QTest::newRow("note after shape")
+            << sample(name + low + note) << "Unexpected element \"Note\"";
         QTest::newRow("second shape") << sample(name + low + high) << "Unexpected element \"High\"";
         QTest::newRow("no shape") << sample(name) << end;
         QTest::newRow("gains repeat") << sample(name + low + gain + gain) << QString();
         QTest::newRow("completeness predicate") << sample(name + high) << end;
         QTest::newRow("link first") << sample(link + name + low) << "Unexpected element \"Name\"";
         QTest::newRow("link last") << sample(name + low + link) << QString();
-        QTest::newRow("second link") << sample(name + low + link + link) << "Unexpected element \"Link\"";
+        QTest::newRow("second link")
+            << sample(name + low + link + link) << "Unexpected element \"Link\"";
         QTest::newRow("checked version")
             << sample(name + low, QStringLiteral("2.0")) << "Version not supported: 2.0";
     }
@@ -179,14 +187,14 @@ private slots:
         QTest::addColumn<int>("mode");
         QTest::newRow("last range wins")
             << "<Range>1</Range><Range>2</Range><Mode>Fast</Mode>" << QString() << 2.0 << true << 2;
-        QTest::newRow("bad number takes the fallback")
-            << "<Range>x</Range>" << "Illegal range" << 7.0 << false << 0;
-        QTest::newRow("bad text") << "<Mode>fast</Mode>" << "Illegal mode" << 5.0 << false << 0;
-        QTest::newRow("undefined is no text") << "<Mode>UNDEFINED</Mode>" << "Illegal mode" << 5.0
-                                              << false << 0;
-        QTest::newRow("order")
-            << "<Mode>Slow</Mode><Range>1</Range>" << "Unexpected token \"StartElement\": Range"
-            << 5.0 << false << 1;
+        QTest::newRow("bad number takes the fallback") << "<Range>x</Range>"
+                                                       << "Illegal range" << 7.0 << false << 0;
+        QTest::newRow("bad text") << "<Mode>fast</Mode>"
+                                  << "Illegal mode" << 5.0 << false << 0;
+        QTest::newRow("undefined is no text") << "<Mode>UNDEFINED</Mode>"
+                                              << "Illegal mode" << 5.0 << false << 0;
+        QTest::newRow("order") << "<Mode>Slow</Mode><Range>1</Range>"
+                               << "Unexpected token \"StartElement\": Range" << 5.0 << false << 1;
     }
     void parameterTable()
     {

@@ -3,7 +3,7 @@
 // QString::toInt(text, 10), over a million generated texts that mix the forms
 // a message may carry with every odd form Qt has an opinion on.
 
-#include <XmlKit.h>
+#include <XmlNumberText.h>
 
 #include <QtTest>
 

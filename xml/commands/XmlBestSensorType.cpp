@@ -1,5 +1,6 @@
 #include "XmlBestSensorType.h"
 
+#include "XmlElementReader.h"
 #include "XmlLayout.h"
 
 namespace KelXml {

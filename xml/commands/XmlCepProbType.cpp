@@ -1,6 +1,6 @@
 #include "XmlCepProbType.h"
 
-#include "XmlKit.h"
+#include "XmlEnumTexts.h"
 
 namespace KelXml {
 

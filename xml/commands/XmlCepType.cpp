@@ -1,5 +1,6 @@
 #include "XmlCepType.h"
 
+#include "XmlElementReader.h"
 #include "XmlLayout.h"
 
 namespace KelXml {

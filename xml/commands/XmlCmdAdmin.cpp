@@ -1,6 +1,6 @@
 #include "XmlCmdAdmin.h"
 
-#include "XmlKit.h"
+#include "XmlElementReader.h"
 
 namespace KelXml {
 

@@ -1,5 +1,6 @@
 #include "XmlCmdBase.h"
 
+#include "XmlElementReader.h"
 #include "XmlLayout.h"
 
 namespace KelXml {

@@ -1,5 +1,6 @@
 #include "XmlCmdRoot.h"
 
+#include "XmlElementReader.h"
 #include "XmlLayout.h"
 
 namespace KelXml {

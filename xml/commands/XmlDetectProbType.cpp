@@ -1,5 +1,6 @@
 #include "XmlDetectProbType.h"
 
+#include "XmlElementReader.h"
 #include "XmlLayout.h"
 
 namespace KelXml {

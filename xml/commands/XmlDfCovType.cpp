@@ -1,5 +1,6 @@
 #include "XmlDfCovType.h"
 
+#include "XmlElementReader.h"
 #include "XmlLayout.h"
 
 namespace KelXml {

@@ -1,6 +1,7 @@
 #include "XmlFindSitesType.h"
 
-#include "XmlKit.h"
+#include "XmlElementReader.h"
+#include "XmlEnumTexts.h"
 
 namespace KelXml {
 

@@ -1,6 +1,6 @@
 #include "XmlInterlinkPlanningType.h"
 
-#include "XmlKit.h"
+#include "XmlElementReader.h"
 
 namespace KelXml {
 

@@ -1,5 +1,6 @@
 #include "XmlOrderDef.h"
 
+#include "XmlElementReader.h"
 #include "XmlLayout.h"
 
 #include <QDateTime>

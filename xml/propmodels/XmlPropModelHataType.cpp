@@ -1,5 +1,6 @@
 #include "XmlPropModelHataType.h"
 
+#include "XmlEnumTexts.h"
 #include "XmlParams.h"
 
 namespace KelXml {

@@ -1,5 +1,6 @@
 #include "XmlPropModelITMType.h"
 
+#include "XmlEnumTexts.h"
 #include "XmlParams.h"
 
 namespace KelXml {

@@ -1,5 +1,6 @@
 #include "XmlPropModelP1546Type.h"
 
+#include "XmlEnumTexts.h"
 #include "XmlParams.h"
 
 namespace KelXml {

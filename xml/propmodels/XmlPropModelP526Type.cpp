@@ -1,5 +1,6 @@
 #include "XmlPropModelP526Type.h"
 
+#include "XmlEnumTexts.h"
 #include "XmlParams.h"
 
 namespace KelXml {

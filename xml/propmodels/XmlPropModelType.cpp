@@ -1,5 +1,6 @@
 #include "XmlPropModelType.h"
 
+#include "XmlElementReader.h"
 #include "XmlLayout.h"
 
 namespace KelXml {

@@ -1,6 +1,7 @@
 #include "XmlGridResultType.h"
 
-#include "XmlKit.h"
+#include "XmlElementReader.h"
+#include "XmlEnumTexts.h"
 
 namespace KelXml {
 

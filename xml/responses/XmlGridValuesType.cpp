@@ -1,6 +1,8 @@
 #include "XmlGridValuesType.h"
 
+#include "XmlElementReader.h"
 #include "XmlKit.h"
+#include "XmlNumberText.h"
 
 namespace KelXml {
 

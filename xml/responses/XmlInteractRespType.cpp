@@ -1,5 +1,6 @@
 #include "XmlInteractRespType.h"
 
+#include "XmlElementReader.h"
 #include "XmlLayout.h"
 
 namespace KelXml {

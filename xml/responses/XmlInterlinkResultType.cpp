@@ -1,6 +1,6 @@
 #include "XmlInterlinkResultType.h"
 
-#include "XmlKit.h"
+#include "XmlElementReader.h"
 
 namespace KelXml {
 

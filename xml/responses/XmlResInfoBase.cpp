@@ -1,5 +1,6 @@
 #include "XmlResInfoBase.h"
 
+#include "XmlElementReader.h"
 #include "XmlLayout.h"
 
 namespace KelXml {

@@ -1,6 +1,8 @@
 #include "XmlRespRoot.h"
 
-#include "XmlKit.h"
+#include "XmlDateTime.h"
+#include "XmlElementReader.h"
+#include "XmlEnumTexts.h"
 
 namespace KelXml {
 

@@ -1,6 +1,6 @@
 #include "XmlResultGridType.h"
 
-#include "XmlKit.h"
+#include "XmlEnumTexts.h"
 
 namespace KelXml {
 

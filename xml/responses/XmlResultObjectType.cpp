@@ -1,6 +1,6 @@
 #include "XmlResultObjectType.h"
 
-#include "XmlKit.h"
+#include "XmlElementReader.h"
 
 namespace KelXml {
 

@@ -1,5 +1,6 @@
 #include "XmlAoiType.h"
 
+#include "XmlElementReader.h"
 #include "XmlLayout.h"
 
 namespace KelXml {

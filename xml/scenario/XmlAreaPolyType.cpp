@@ -1,5 +1,6 @@
 #include "XmlAreaPolyType.h"
 
+#include "XmlElementReader.h"
 #include "XmlKit.h"
 
 #include <algorithm>

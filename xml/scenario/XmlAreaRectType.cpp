@@ -1,5 +1,6 @@
 #include "XmlAreaRectType.h"
 
+#include "XmlElementReader.h"
 #include "XmlLayout.h"
 
 namespace KelXml {

@@ -1,5 +1,6 @@
 #include "XmlDeploymentAreaType.h"
 
+#include "XmlElementReader.h"
 #include "XmlLayout.h"
 
 namespace KelXml {

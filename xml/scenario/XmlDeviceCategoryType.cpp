@@ -1,6 +1,6 @@
 #include "XmlDeviceCategoryType.h"
 
-#include "XmlKit.h"
+#include "XmlEnumTexts.h"
 
 namespace KelXml {
 

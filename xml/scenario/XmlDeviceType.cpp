@@ -1,5 +1,6 @@
 #include "XmlDeviceType.h"
 
+#include "XmlElementReader.h"
 #include "XmlLayout.h"
 
 namespace KelXml {

@@ -1,5 +1,6 @@
 #include "XmlDfType.h"
 
+#include "XmlElementReader.h"
 #include "XmlLayout.h"
 
 namespace KelXml {

@@ -1,5 +1,6 @@
 #include "XmlEmitterType.h"
 
+#include "XmlElementReader.h"
 #include "XmlLayout.h"
 
 namespace KelXml {

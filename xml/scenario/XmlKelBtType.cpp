@@ -1,5 +1,7 @@
 #include "XmlKelBtType.h"
 
+#include "XmlElementReader.h"
+#include "XmlKit.h"
 #include "XmlLayout.h"
 
 namespace KelXml {

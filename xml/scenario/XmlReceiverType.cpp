@@ -1,5 +1,6 @@
 #include "XmlReceiverType.h"
 
+#include "XmlElementReader.h"
 #include "XmlLayout.h"
 
 namespace KelXml {

@@ -1,5 +1,6 @@
 #include "XmlRxParamType.h"
 
+#include "XmlElementReader.h"
 #include "XmlLayout.h"
 
 namespace KelXml {

@@ -1,5 +1,6 @@
 #include "XmlSignalPathType.h"
 
+#include "XmlElementReader.h"
 #include "XmlLayout.h"
 
 namespace KelXml {

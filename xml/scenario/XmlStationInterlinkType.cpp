@@ -1,5 +1,6 @@
 #include "XmlStationInterlinkType.h"
 
+#include "XmlElementReader.h"
 #include "XmlLayout.h"
 
 namespace KelXml {

@@ -1,5 +1,6 @@
 #include "XmlStationType.h"
 
+#include "XmlElementReader.h"
 #include "XmlLayout.h"
 
 namespace KelXml {

@@ -1,5 +1,6 @@
 #include "XmlTxParamType.h"
 
+#include "XmlElementReader.h"
 #include "XmlLayout.h"
 
 namespace KelXml {

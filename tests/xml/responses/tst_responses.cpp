@@ -4,8 +4,8 @@
 
 #include "KelXmlTest.h"
 
+#include <XmlDateTime.h>
 #include <XmlElementRegistry.h>
-#include <XmlKit.h>
 #include <XmlRespRoot.h>
 
 #include <QtTest>

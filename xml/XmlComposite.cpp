@@ -1,0 +1,57 @@
+#include "XmlComposite.h"
+
+#include "XmlKit.h"
+#include "XmlLayout.h"
+
+namespace KelXml {
+
+XmlComposite::XmlComposite(const XmlLayout& layout)
+    : XmlElementBase(PermanentName{&layout.m_identity->classname})
+    , m_version(XmlKit::defaultVersionText)
+{}
+
+const XmlLayout& XmlComposite::layout() const
+{
+    return XmlLayout::ofName(classname());
+}
+
+void XmlComposite::processXml(QXmlStreamReader& reader, const QString& elementName)
+{
+    layout().read(*this, m_version, reader, elementName);
+}
+
+void XmlComposite::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
+{
+    layout().write(*this, m_version, writer, elementName);
+}
+
+void XmlComposite::reset()
+{
+    layout().resetChildren(*this);
+    m_version = XmlKit::defaultVersionText;
+    XmlElementBase::reset();
+}
+
+void XmlComposite::checkContent(XmlChecks& checks) const
+{
+    checkVersion(checks);
+    checkChildren(checks);
+}
+
+void XmlComposite::checkVersion(XmlChecks& checks) const
+{
+    if (layout().versionRule() != XmlLayout::NoVersion)
+        checks.version(supportsVersion(), m_version);
+}
+
+void XmlComposite::checkChildren(XmlChecks& checks) const
+{
+    layout().checkChildren(*this, checks);
+}
+
+bool XmlComposite::supportsVersion() const
+{
+    return XmlKit::isSupportedVersion(m_version);
+}
+
+} // namespace KelXml

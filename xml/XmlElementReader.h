@@ -1,0 +1,281 @@
+#pragma once
+
+// The reading kit that the element classes share: the token loop with its
+// standard messages, start-tag and attribute handling, and child-order
+// bookkeeping. Internal to the library and not installed; its symbols are
+// exported for the library's tests.
+
+#include "XmlElementBase.h"
+#include "XmlEnumTexts.h"
+#include "XmlKit.h"
+#include "XmlOwned.h"
+
+#include <QString>
+#include <QXmlStreamReader>
+
+#include <functional>
+#include <initializer_list>
+#include <optional>
+#include <type_traits>
+
+namespace KelXml {
+
+// One child element in a class's fixed order, with what reading it does.
+class XmlChild
+{
+public:
+    using Read = std::function<void(QXmlStreamReader& reader, const QString& name)>;
+
+    XmlChild(const QString& name, Read read)
+        : m_name(name)
+        , m_read(std::move(read))
+    {}
+
+    // A child object that is always there.
+    static XmlChild object(const QString& name, IXmlElement& child)
+    {
+        return XmlChild(name, [&child](QXmlStreamReader& reader, const QString& childName) {
+            child.processXml(reader, childName);
+        });
+    }
+    // A child object allocated with its defaults when it is first read.
+    template <class T>
+    static XmlChild created(const QString& name, XmlOwnedPtr<T>& child)
+    {
+        return XmlChild(name, [&child](QXmlStreamReader& reader, const QString& childName) {
+            child.ensure().processXml(reader, childName);
+        });
+    }
+    // A repeated child: each occurrence is appended to the list as a new
+    // member, which stays there even when its reading fails.
+    template <class T>
+    static XmlChild appended(const QString& name, XmlOwnedList<T>& list)
+    {
+        return XmlChild(name,
+                        [&list](QXmlStreamReader& reader, const QString& childName) {
+                            list.appendNew()->processXml(reader, childName);
+                        })
+            .repeated();
+    }
+    // A child holding plain text, taken whole with readElementText().
+    // Take is called with the text (const QString&); a small one, such as a
+    // lambda capturing one pointer, is held without allocation.
+    template <class Take>
+    static XmlChild text(const QString& name, Take take)
+    {
+        return XmlChild(name, [take](QXmlStreamReader& reader, const QString&) {
+            take(reader.readElementText());
+        });
+    }
+
+    // The element may end without this child.
+    XmlChild optional() const
+    {
+        XmlChild copy(*this);
+        copy.m_required = false;
+        return copy;
+    }
+    // The child may stand several times in a row.
+    XmlChild repeated() const
+    {
+        XmlChild copy(*this);
+        copy.m_repeated = true;
+        return copy;
+    }
+    // The child is taken only once the named child has been read.
+    XmlChild after(const QString& name) const
+    {
+        XmlChild copy(*this);
+        copy.m_after = name;
+        return copy;
+    }
+
+    const QString& name() const { return m_name; }
+    bool isRequired() const { return m_required; }
+    bool isRepeated() const { return m_repeated; }
+    // The child that must have been read first; null for none.
+    const QString& after() const { return m_after; }
+    void read(QXmlStreamReader& reader) const { m_read(reader, m_name); }
+
+private:
+    QString m_name;
+    Read m_read;
+    QString m_after;
+    bool m_required = true;
+    bool m_repeated = false;
+};
+
+// Reads one element for an element object: raises its located errors and runs
+// the token loop that every class shares.
+class KELXML_EXPORT XmlElementReader
+{
+public:
+    // How a class words a start or end tag that it refuses.
+    enum Wording
+    {
+        // "Unexpected token \"StartElement\"", "Unexpected token \"EndElement\""
+        TextWording,
+        // "Unexpected element \"<tag>\"", "Unexpected token \"EndElement\""
+        ElementWording,
+        // "Unexpected token \"StartElement\": <tag>", "Unexpected token \"EndElement\": <tag>"
+        NamedWording,
+    };
+
+    // What a class does with the tokens of its element, as a type whose
+    // members loop() calls directly. A class derives from Tokens and hides
+    // the members it needs; the others keep these defaults: every start tag
+    // is refused, the own end tag ends the element, foreign end tags are
+    // refused and character data is ignored. Names and texts view the
+    // reader's buffer: valid until the next token is read.
+    struct Tokens
+    {
+        // A start tag inside the element; true when it was taken.
+        bool start(QStringView /*name*/) { return false; }
+        // The element's own end tag; true when the element may end here.
+        bool mayEnd() { return true; }
+        // An end tag of another name; true when it passes silently.
+        bool passEnd(QStringView /*name*/) { return false; }
+        // Character data, whitespace included.
+        void text(QStringView /*text*/) {}
+    };
+
+    // The element name is referred to, not copied: construct the reader from
+    // the name processXml() was given.
+    XmlElementReader(XmlElementBase& element, QXmlStreamReader& reader, const QString& elementName,
+                     Wording wording)
+        : m_element(element)
+        , m_reader(reader)
+        , m_elementName(elementName)
+        , m_wording(wording)
+    {}
+
+    QXmlStreamReader& reader() const { return m_reader; }
+    const QString& elementName() const { return m_elementName; }
+    bool failed() const { return m_reader.hasError(); }
+
+    // Raises a located error for the element, unless the reader already
+    // carries one: the first error is the one reported.
+    void fail(const QString& message);
+
+    // True when the current token is a start tag; otherwise raises
+    // "Parse error (wrong position)".
+    bool atStartTag();
+    // The common opening: the version becomes "1.0", the position is checked
+    // and a non-empty version attribute is taken. False after an error.
+    bool begin(XmlText& version);
+    // The same, and a required attribute taken in the same pass over the
+    // start tag's attributes (see readRequired()). False after an error.
+    bool begin(XmlText& version, const QString& required, XmlText& value);
+    // Takes a non-empty version attribute of the current start tag.
+    void readVersion(XmlText& version) const;
+    // Takes a version attribute's value as readVersion() does.
+    static void takeVersion(QStringView value, XmlText& version);
+    // Takes a required attribute; absent or empty raises
+    // "Missing attribute: \"<name>\"" and leaves the value as it was.
+    bool readRequired(const QString& name, QString& value);
+    bool readRequired(const QString& name, XmlText& value);
+    // Raises "Illegal attribute value in \"<attribute>\"".
+    void failAttribute(const QString& attribute);
+    // An enumeration attribute of the current start tag, read whether present
+    // or not: a text outside the table (absence included) gives 0 and
+    // failAttribute().
+    int readEnumAttribute(const QString& name, const XmlEnumTexts& texts);
+    // The value of an attribute of the current start tag; a null view when
+    // absent. Valid until the next token is read.
+    QStringView attribute(const QString& name) const;
+    // Raises "Version not supported: <version>" for any version but "1.0".
+    bool checkVersion(const QString& version);
+
+    // Converts numeric text; on failure raises
+    // "Illegal value (must be numeric)" and gives nothing.
+    std::optional<double> parseDouble(QStringView text);
+    std::optional<int> parseInt(QStringView text);
+    double toDouble(QStringView text, double fallback)
+    {
+        return parseDouble(text).value_or(fallback);
+    }
+    int toInt(QStringView text, int fallback) { return parseInt(text).value_or(fallback); }
+
+    // The token loop, up to and including the element's end tag, with the
+    // class's Tokens type: its members are called without indirection.
+    template <class T>
+    void loop(T& tokens);
+    // The loop of a text-valued element: every start tag is refused and each
+    // piece of character data is handed to take(QStringView).
+    template <class Take>
+    void readText(Take take)
+    {
+        struct Text : Tokens
+        {
+            Take& take;
+            void text(QStringView text) { take(text); }
+        } tokens{{}, take};
+        loop(tokens);
+    }
+    // The loop of a text element holding an enumeration: each piece of
+    // character data must match one of the texts exactly; otherwise the value
+    // becomes 0 and badValue is raised. take(int) receives the value.
+    template <class Take>
+    void readEnumText(const XmlEnumTexts& texts, const QString& badValue, Take take)
+    {
+        readText([&](QStringView text) {
+            const auto value = texts.parse(text);
+            take(value.value_or(0));
+            if (!value)
+                fail(badValue);
+        });
+    }
+    // The loop of an element with children in a fixed order: a child is taken
+    // at most once (unless repeated), only while no later child has been read
+    // and, when it names one, only after the child it must follow; the own end tag ends the element
+    // once every required child has been read and the extra condition, if any, holds. The children
+    // stand in a list built in place (at most 64), so that reading an element allocates nothing for
+    // its table.
+    void readChildren(std::initializer_list<XmlChild> children,
+                      const std::function<bool()>& complete = {});
+
+private:
+    // The loop's messages, out of its way.
+    void refuseStart();
+    void refuseEnd(QStringView name);
+    void otherToken(QXmlStreamReader::TokenType type);
+
+    XmlElementBase& m_element;
+    QXmlStreamReader& m_reader;
+    const QString& m_elementName; // the caller's, alive while the element is read
+    Wording m_wording;
+};
+
+template <class T>
+void XmlElementReader::loop(T& tokens)
+{
+    // Every error leaves the reader on an Invalid token, after which atEnd()
+    // holds; only a premature end of input that may still grow leaves it
+    // false, so the loop also stops on an Invalid token of its own.
+    while (!m_reader.atEnd()) {
+        const QXmlStreamReader::TokenType type = m_reader.readNext();
+        if (type == QXmlStreamReader::StartElement) {
+            if (!tokens.start(m_reader.name()))
+                refuseStart();
+        } else if (type == QXmlStreamReader::EndElement) {
+            const QStringView name = m_reader.name();
+            if (XmlKit::sameName(name, m_elementName)) {
+                if (tokens.mayEnd())
+                    return;
+                refuseEnd(name);
+            } else if (!tokens.passEnd(name)) {
+                refuseEnd(name);
+            }
+        } else if (type == QXmlStreamReader::Characters) {
+            // The text is only fetched for a Tokens type that takes it.
+            if constexpr (!std::is_same<decltype(&T::text), decltype(&Tokens::text)>::value)
+                tokens.text(m_reader.text());
+        } else {
+            otherToken(type);
+            if (type == QXmlStreamReader::Invalid)
+                return;
+        }
+    }
+}
+
+} // namespace KelXml
