@@ -481,11 +481,11 @@ void writeLegend(QXmlStreamWriter& svg, const QVector<XmlGeoFeature>& features, 
 
 } // namespace
 
-bool writeSvg(const KelXml::IXmlElement& document, const QString& title, QIODevice& device)
+bool writeSvg(const MapDocument& document, QIODevice& device)
 {
     QVector<XmlGeoFeature> features;
     Box box;
-    visitDocument(document, [&](const XmlGeoFeature& feature) {
+    document.visit([&](const XmlGeoFeature& feature) {
         features.append(feature);
         for (const Position& position : feature.positions)
             box.add(position);
@@ -508,13 +508,13 @@ bool writeSvg(const KelXml::IXmlElement& document, const QString& title, QIODevi
     svg.writeAttribute(QStringLiteral("height"), number(height));
     svg.writeAttribute(QStringLiteral("viewBox"),
                        QStringLiteral("0 0 %1 %2").arg(number(width), number(height)));
-    svg.writeTextElement(QStringLiteral("title"), title);
+    svg.writeTextElement(QStringLiteral("title"), document.title);
     svg.writeTextElement(QStringLiteral("style"), QString::fromUtf8(styleSheet));
     svg.writeEmptyElement(QStringLiteral("rect"));
     svg.writeAttribute(QStringLiteral("width"), QStringLiteral("100%"));
     svg.writeAttribute(QStringLiteral("height"), QStringLiteral("100%"));
     svg.writeAttribute(QStringLiteral("fill"), QStringLiteral("#ffffff"));
-    writeText(svg, leftMargin, 30, title, QStringLiteral("title"));
+    writeText(svg, leftMargin, 30, document.title, QStringLiteral("title"));
 
     writeGraticule(svg, projection);
     if (features.isEmpty()) {
