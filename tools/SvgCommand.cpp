@@ -184,42 +184,25 @@ QString degrees(double value, int decimals, QChar positive, QChar negative)
            (value > 0 ? positive : negative);
 }
 
+// The style class and the legend's label of each kind, in the order of
+// XmlGeoFeature::Kind.
+const struct
+{
+    const char* cssClass;
+    const char* label;
+} kindStyles[] = {
+    {"aoi", "Area of interest"},    {"deployment", "Deployment area"}, {"station", "Station"},
+    {"finder", "Direction finder"}, {"receiver", "Receiver"},          {"emitter", "Emitter"},
+};
+
 QString kindClass(XmlGeoFeature::Kind kind)
 {
-    switch (kind) {
-    case XmlGeoFeature::AreaOfInterest:
-        return QStringLiteral("aoi");
-    case XmlGeoFeature::DeploymentArea:
-        return QStringLiteral("deployment");
-    case XmlGeoFeature::Station:
-        return QStringLiteral("station");
-    case XmlGeoFeature::DirectionFinder:
-        return QStringLiteral("finder");
-    case XmlGeoFeature::Receiver:
-        return QStringLiteral("receiver");
-    case XmlGeoFeature::Emitter:
-        return QStringLiteral("emitter");
-    }
-    return QString();
+    return QLatin1String(kindStyles[kind].cssClass);
 }
 
 QString kindLabel(XmlGeoFeature::Kind kind)
 {
-    switch (kind) {
-    case XmlGeoFeature::AreaOfInterest:
-        return QStringLiteral("Area of interest");
-    case XmlGeoFeature::DeploymentArea:
-        return QStringLiteral("Deployment area");
-    case XmlGeoFeature::Station:
-        return QStringLiteral("Station");
-    case XmlGeoFeature::DirectionFinder:
-        return QStringLiteral("Direction finder");
-    case XmlGeoFeature::Receiver:
-        return QStringLiteral("Receiver");
-    case XmlGeoFeature::Emitter:
-        return QStringLiteral("Emitter");
-    }
-    return QString();
+    return QLatin1String(kindStyles[kind].label);
 }
 
 QString points(const QVector<QPair<double, double>>& corners)
