@@ -130,7 +130,8 @@ int main(int argc, char* argv[])
     QStringList arguments = parser.positionalArguments();
     if (arguments.isEmpty())
         return usageError(QStringLiteral("no command given."));
-    Invocation invocation{arguments.takeFirst(), arguments, parser, options, {}, 0};
+    const QString name = arguments.takeFirst();
+    Invocation invocation{name, arguments, parser, options, {}, 0};
     // An unknown command is named only once the options are found right.
     const ToolCommand* command = findCommand(invocation.command);
     if (!command || command->readsFiles) {
