@@ -86,18 +86,22 @@ private:
 QString classToRead(const Invocation& invocation, int* status)
 {
     const QString& command = invocation.command;
-    QString className;
     if (!invocation.parser.isSet(invocation.options.as)) {
         *status =
             usageError(QStringLiteral("'%1' needs --as CLASS (see '" KELXML_TOOL_NAME " classes').")
                            .arg(command));
-    } else if ((className = XmlElementRegistry::resolve(invocation.as())).isEmpty()) {
+        return QString();
+    }
+    const QString className = XmlElementRegistry::resolve(invocation.as());
+    if (className.isEmpty()) {
         *status = usageError(
             QStringLiteral("unknown element class '%1' (see '" KELXML_TOOL_NAME " classes').")
                 .arg(invocation.as()));
-    } else if (invocation.files.isEmpty()) {
+        return QString();
+    }
+    if (invocation.files.isEmpty()) {
         *status = usageError(QStringLiteral("'%1' needs a file.").arg(command));
-        className.clear();
+        return QString();
     }
     return className;
 }
