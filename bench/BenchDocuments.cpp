@@ -1,5 +1,7 @@
 #include "BenchDocuments.h"
 
+#include "DocumentText.h"
+
 #include <XmlCmdRoot.h>
 #include <XmlFreqThrListType.h>
 #include <XmlKelBtType.h>
@@ -8,74 +10,11 @@
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
-#include <cmath>
 #include <cstdio>
 
 namespace KelXmlBench {
 
 namespace {
-
-// An indented document written as text, two spaces a level, as the samples
-// are laid out.
-class Text
-{
-public:
-    Text() { m_bytes.append("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"); }
-
-    void open(const char* tag, const QByteArray& attributes = QByteArray())
-    {
-        indent();
-        m_bytes.append('<').append(tag);
-        if (!attributes.isEmpty())
-            m_bytes.append(' ').append(attributes);
-        m_bytes.append(">\n");
-        ++m_depth;
-    }
-    void close(const char* tag)
-    {
-        --m_depth;
-        indent();
-        m_bytes.append("</").append(tag).append(">\n");
-    }
-    void leaf(const char* tag, const QByteArray& text) { leaf(tag, QByteArray(), text); }
-    void leaf(const char* tag, const QByteArray& attributes, const QByteArray& text)
-    {
-        indent();
-        m_bytes.append('<').append(tag);
-        if (!attributes.isEmpty())
-            m_bytes.append(' ').append(attributes);
-        m_bytes.append('>').append(text).append("</").append(tag).append(">\n");
-    }
-    // A value element of the measurement classes: version, unit and number.
-    void value(const char* tag, const char* unit, const QByteArray& number)
-    {
-        leaf(tag, QByteArray("version=\"1.0\" unit=\"") + unit + '"', number);
-    }
-    void empty(const char* tag)
-    {
-        indent();
-        m_bytes.append('<').append(tag).append("/>\n");
-    }
-
-    qint64 size() const { return m_bytes.size(); }
-    QByteArray take() { return std::move(m_bytes); }
-
-private:
-    void indent() { m_bytes.append(QByteArray(2 * m_depth, ' ')); }
-
-    QByteArray m_bytes;
-    int m_depth = 0;
-};
-
-QByteArray fixed(double value, int decimals)
-{
-    return QByteArray::number(value, 'f', decimals);
-}
-
-QByteArray integer(qint64 value)
-{
-    return QByteArray::number(value);
-}
 
 // A value that walks through [low, low + span) in `steps` steps as n grows,
 // hopping about so that neighbours differ.
@@ -86,357 +25,139 @@ double spread(qint64 n, double low, double span, int steps = 997)
 
 const char* const resultGrids[] = {"50", "100", "200", "500", "1000"};
 
-QByteArray name(const char* stem, qint64 n)
+// The documents of the benchmarks: indented as the samples are, every object
+// valid, its numbers varying from object to object.
+class Text : public DocumentText
 {
-    return QByteArray(stem) + ' ' + integer(n);
-}
+public:
+    Text()
+        : DocumentText(Indented)
+    {}
 
-void orderDef(Text& t)
-{
-    t.open("ORDER_DEF");
-    t.leaf("ORDER_ID", "KEL240514093000123");
-    t.leaf("ORDER_SENDER", "planning-client");
-    t.close("ORDER_DEF");
-}
-
-void coordinates(Text& t, double longitude, double latitude)
-{
-    t.leaf("Longitude", fixed(longitude, 6));
-    t.leaf("Latitude", fixed(latitude, 6));
-}
-
-void position(Text& t, const char* tag, qint64 n)
-{
-    t.open(tag, "version=\"1.0\"");
-    coordinates(t, spread(n, 5, 10), spread(n + 17, 45, 10));
-    t.close(tag);
-}
-
-void areaRect(Text& t, qint64 n)
-{
-    const double longitude = spread(n, 5, 10);
-    const double latitude = spread(n + 5, 45, 10);
-    t.open("AreaRect", "version=\"1.0\"");
-    t.open("UpperLeft", "version=\"1.0\"");
-    coordinates(t, longitude, latitude + 0.2);
-    t.close("UpperLeft");
-    t.open("LowerRight", "version=\"1.0\"");
-    coordinates(t, longitude + 0.4, latitude);
-    t.close("LowerRight");
-    t.close("AreaRect");
-}
-
-// A convex polygon of `vertices` numbered vertices round a centre.
-void areaPolygon(Text& t, qint64 n, int vertices)
-{
-    const double longitude = spread(n, 5, 10);
-    const double latitude = spread(n + 11, 45, 10);
-    t.open("AreaPolygon", "version=\"1.0\"");
-    for (int v = 0; v < vertices; ++v) {
-        const double angle = 2 * 3.14159265358979323846 * v / vertices;
-        t.open("Vertex", "version=\"1.0\" number=\"" + integer(v) + '"');
-        coordinates(t, longitude + 0.05 * std::cos(angle), latitude + 0.05 * std::sin(angle));
-        t.close("Vertex");
+    void device(qint64 n)
+    {
+        const bool directionFinder = n % 2 == 0;
+        DocumentText::device(directionFinder ? "DF" : "Receiver",
+                             directionFinder ? "DF antenna" : "Receiver unit", n, 2 + int(n % 4),
+                             {frequencies.from(double(100 + n % 50)), noises,
+                              directionFinder ? degrees : gains, dbm, kFactors});
     }
-    t.close("AreaPolygon");
-}
 
-void txParameter(Text& t, qint64 n)
-{
-    t.open("TxParameter", "version=\"1.0\"");
-    t.value("Frequency", "MHz", fixed(spread(n, 30, 2970), 3));
-    t.value("TxPower", "W", fixed(spread(n, 1, 50, 100), 1));
-    t.value("AntennaHeight", "m", integer(5 + n % 35));
-    t.value("Bandwidth", "kHz", n % 2 ? "25" : "16");
-    t.close("TxParameter");
-}
-
-void rxParameter(Text& t, qint64 n)
-{
-    t.open("RxParameter", "version=\"1.0\"");
-    t.value("AntennaHeight", "m", integer(5 + n % 35));
-    t.value("RxThreshold", "dBm", fixed(spread(n, -120, 40, 400), 1));
-    t.close("RxParameter");
-}
-
-void interlink(Text& t, qint64 n)
-{
-    t.open("StationInterlink", "version=\"1.0\"");
-    t.value("Frequency", "GHz", fixed(spread(n, 1, 9, 90), 1));
-    t.value("TxPower", "W", integer(1 + n % 10));
-    t.value("RxThreshold", "dBm", integer(-100 + n % 20));
-    t.value("AntennaHeight", "m", integer(10 + n % 30));
-    t.close("StationInterlink");
-}
-
-void deploymentArea(Text& t, const char* tag, qint64 n)
-{
-    t.open(tag, "version=\"1.0\"");
-    t.leaf("Name", name("Ridge", n));
-    areaRect(t, n);
-    t.value("AntennaHeight", "m", integer(5 + n % 35));
-    t.value("RxThreshold", "dBm", fixed(spread(n, -120, 40, 400), 1));
-    t.value("Frequency", "MHz", fixed(spread(n, 30, 2970), 3));
-    t.value("TxPower", "W", integer(1 + n % 50));
-    t.close(tag);
-}
-
-void aoi(Text& t, const char* tag, qint64 n, int vertices)
-{
-    t.open(tag, "version=\"1.0\"");
-    t.leaf("Name", name("Harbour", n));
-    areaPolygon(t, n, vertices);
-    txParameter(t, n);
-    t.value("RxThreshold", "dBm", fixed(spread(n, -120, 40, 400), 1));
-    t.close(tag);
-}
-
-void emitter(Text& t, const char* tag, qint64 n)
-{
-    t.open(tag, "version=\"1.0\"");
-    t.leaf("Name", name("Beacon", n));
-    position(t, "Position", n);
-    txParameter(t, n);
-    t.close(tag);
-}
-
-void receiver(Text& t, const char* tag, qint64 n)
-{
-    t.open(tag, "version=\"1.0\"");
-    t.leaf("Name", name("Receiver", n));
-    position(t, "Position", n);
-    rxParameter(t, n);
-    if (n % 2)
-        interlink(t, n);
-    t.close(tag);
-}
-
-void df(Text& t, const char* tag, qint64 n)
-{
-    t.open(tag, "version=\"1.0\"");
-    t.leaf("Name", name("DF", n));
-    position(t, "Position", n);
-    rxParameter(t, n);
-    t.value("DFprecision", "\xc2\xb0", integer(1 + n % 3));
-    interlink(t, n);
-    t.close(tag);
-}
-
-// One list of a device's table: `count` values rising from `first`.
-void valueList(Text& t, const char* list, const char* member, const char* unit, int count,
-               double first, double step)
-{
-    t.open(list, "version=\"1.0\"");
-    for (int i = 0; i < count; ++i)
-        t.value(member, unit, fixed(first + i * step, 1));
-    t.close(list);
-}
-
-void device(Text& t, qint64 n)
-{
-    const int entries = 2 + int(n % 4);
-    const bool directionFinder = n % 2 == 0;
-    t.open("Device", "version=\"1.0\"");
-    t.leaf("DeviceCategory", directionFinder ? "DF" : "Receiver");
-    t.leaf("Name", name(directionFinder ? "DF antenna" : "Receiver unit", n));
-    valueList(t, "Frequencies", "Frequency", "MHz", entries, 100 + n % 50, 100);
-    valueList(t, "Noises", "Decibel", "dB", entries, 6, 0.5);
-    if (directionFinder)
-        valueList(t, "Degrees", "Degrees", "\xc2\xb0", entries, 1.5, 0.5);
-    else
-        valueList(t, "Gains", "Decibel", "dB", entries, 2, 0.5);
-    valueList(t, "DBM", "dBm", "dBm", entries, 10, 0.5);
-    valueList(t, "KFactors", "Decibel", "dB", entries, 20, 1);
-    t.close("Device");
-}
-
-void signalPath(Text& t, const char* tag, qint64 n)
-{
-    t.open(tag, "version=\"1.0\"");
-    t.leaf("Name", name("Path", n));
-    t.leaf("SINAD", "version=\"1.0\"", integer(10 + n % 10));
-    t.open("Device", "version=\"1.0\"");
-    device(t, n);
-    device(t, n + 1);
-    t.close("Device");
-    t.close(tag);
-}
-
-void station(Text& t, qint64 n)
-{
-    t.open("Station");
-    t.leaf("Name", name("Hilltop", n));
-    signalPath(t, "SignalPath", n);
-    position(t, "Position", n);
-    rxParameter(t, n);
-    t.value("DFprecision", "\xc2\xb0", integer(1 + n % 3));
-    interlink(t, n);
-    t.close("Station");
-}
-
-// The create command n: the eight kinds in turn.
-void create(Text& t, qint64 n)
-{
-    t.open("Create");
-    switch (n % 8) {
-    case 0:
-        deploymentArea(t, "DeploymentArea", n);
-        break;
-    case 1:
-        aoi(t, "AOI", n, 4 + int(n % 9));
-        break;
-    case 2:
-        emitter(t, "Emitter", n);
-        break;
-    case 3:
-        receiver(t, "Receiver", n);
-        break;
-    case 4:
-        df(t, "DF", n);
-        break;
-    case 5:
-        signalPath(t, "Path", n);
-        break;
-    case 6:
-        device(t, n);
-        break;
-    default:
-        station(t, n);
-        break;
+    // The create command n: the eight kinds in turn.
+    void create(qint64 n)
+    {
+        createCommand(n, [this, n] {
+            switch (n % 8) {
+            case 0:
+                deploymentArea("DeploymentArea", n);
+                break;
+            case 1:
+                aoi("AOI", n, 4 + int(n % 9), Order::Ascending);
+                break;
+            case 2:
+                emitter("Emitter", n);
+                break;
+            case 3:
+                receiver("Receiver", n, n % 2 != 0);
+                break;
+            case 4:
+                df("DF", n);
+                break;
+            case 5:
+                signalPath("Path", n, 2, 0);
+                break;
+            case 6:
+                device(n);
+                break;
+            default:
+                station(n, 2, 0);
+                break;
+            }
+        });
     }
-    t.leaf("Reference", "create-" + integer(n));
-    t.close("Create");
-}
 
-void names(Text& t, const char* tag, qint64 n, int count)
-{
-    if (count == 0) {
-        t.leaf(tag, "<All/>");
-        return;
+    // The calculation command n: the six kinds in turn.
+    void calculation(qint64 n)
+    {
+        static const Calculation kinds[] = {
+            {Calculation::FindSites, 1, 0, {}, nullptr, nullptr},
+            {Calculation::Cep, 0, 1, {}, nullptr, nullptr},
+            {Calculation::DetectionProbability, 0, 2, {}, nullptr, nullptr},
+            {Calculation::DfCoverage, 3, 0, {}, nullptr, nullptr},
+            {Calculation::InterlinkPlanning, 0, 0, {}, "North ridge", "Harbour tower"},
+            {Calculation::BestSensor, 2, 0, {}, nullptr, nullptr},
+        };
+        Calculation calculation = kinds[n % 6];
+        if (calculation.kind == Calculation::FindSites)
+            calculation.first += int(n % 3);
+        if (calculation.kind != Calculation::InterlinkPlanning)
+            calculation.grid = resultGrids[n % 5];
+        calculate(n, calculation);
     }
-    t.open(tag);
-    for (int i = 0; i < count; ++i)
-        t.leaf("Name", name("DF", n + i));
-    t.close(tag);
-}
 
-// The calculation command n: the six kinds in turn.
-void calculation(Text& t, qint64 n)
-{
-    const QByteArray grid = resultGrids[n % 5];
-    t.open("Calculate");
-    switch (n % 6) {
-    case 0:
-        t.open("FindPossibleSites");
-        names(t, "UseKnownEmitters", n, 1 + int(n % 3));
-        t.open("RandomEmitters");
-        t.leaf("Number", integer(100 + n % 400));
-        t.leaf("Distribution", "Grid");
-        t.close("RandomEmitters");
-        names(t, "DeploymentAreas", n, 0);
-        t.leaf("ResultGrid", grid);
-        t.close("FindPossibleSites");
-        break;
-    case 1:
-        t.open("CEP");
-        names(t, "UseDFs", n, 0);
-        names(t, "AOIs", n, 1);
-        t.leaf("Probability", "90");
-        t.leaf("ResultGrid", grid);
-        t.close("CEP");
-        break;
-    case 2:
-        t.open("DetectionProbability");
-        names(t, "UseRxDFs", n, 0);
-        names(t, "AOIs", n, 2);
-        t.leaf("ResultGrid", grid);
-        t.close("DetectionProbability");
-        break;
-    case 3:
-        t.open("DFcoverage");
-        names(t, "UseDFs", n, 3);
-        names(t, "AOIs", n, 0);
-        t.leaf("ResultGrid", grid);
-        t.close("DFcoverage");
-        break;
-    case 4:
-        t.open("InterlinkPlanning");
-        t.leaf("FirstName", name("North ridge", n));
-        t.leaf("SecondName", name("Harbour tower", n));
-        t.close("InterlinkPlanning");
-        break;
-    default:
-        t.open("BestSensorCov");
-        names(t, "UseRxDFs", n, 2);
-        names(t, "AOIs", n, 0);
-        t.leaf("ResultGrid", grid);
-        t.leaf("Comment", "Survey " + integer(n));
-        t.close("BestSensorCov");
-        break;
+    void resultRecord(int kind, qint64 n, int vertices)
+    {
+        static const Result results[] = {{0, "FindSites", {}, "%", "0", "100"},
+                                         {1, "CEP", {}, "m", "12.5", "840"},
+                                         {2, "DetectProb", {}, "%", "0", "99.5"},
+                                         {3, "DfCoverage", {}, "dBm", "-120", "-40.5"}};
+        Result result = results[kind];
+        result.grid = resultGrids[n % 5];
+        DocumentText::resultRecord(n, result, vertices, Order::Ascending);
     }
-    t.leaf("Reference", "calc-" + integer(n));
-    t.close("Calculate");
-}
+
+protected:
+    Numbers numbers(qint64 n) const override
+    {
+        const QByteArray threshold = fixed(spread(n, -120, 40, 400), 1);
+        return {fixed(spread(n, 30, 2970), 3),
+                fixed(spread(n, 1, 50, 100), 1),
+                integer(5 + n % 35),
+                n % 2 ? "25" : "16",
+                threshold,
+                threshold,
+                integer(1 + n % 50),
+                threshold,
+                integer(1 + n % 3),
+                integer(10 + n % 10),
+                "GHz",
+                fixed(spread(n, 1, 9, 90), 1),
+                integer(1 + n % 10),
+                integer(-100 + n % 20),
+                integer(10 + n % 30)};
+    }
+    Position place(qint64 n) const override { return {spread(n, 5, 10), spread(n + 17, 45, 10)}; }
+    std::pair<Position, Position> corners(qint64 n) const override
+    {
+        const double longitude = spread(n, 5, 10);
+        const double latitude = spread(n + 5, 45, 10);
+        return {{longitude, latitude + 0.2}, {longitude + 0.4, latitude}};
+    }
+    Position centre(qint64 n) const override { return {spread(n, 5, 10), spread(n + 11, 45, 10)}; }
+    QByteArray tableValue(const ValueTable& table, int i) const override
+    {
+        return fixed(table.first + i * table.step, 1);
+    }
+    void pathDevice(qint64 n) override { device(n); }
+};
 
 QByteArray commandMessage(qint64 bytes)
 {
     Text t;
     t.open("Command");
-    orderDef(t);
-    t.open("Administrative");
-    t.empty("QueryVersion");
-    t.leaf("Reference", "version-1");
-    t.close("Administrative");
+    t.orderDef();
+    t.administrative(1);
     // Creates fill three quarters of the message, calculations the rest.
     const qint64 createBytes = bytes * 3 / 4;
     for (qint64 n = 0; n == 0 || t.size() < createBytes; ++n)
-        create(t, n);
-    for (int n = 0; n < 2; ++n) {
-        t.open("Delete");
-        t.open("Emitter");
-        t.leaf("Name", name("Beacon", n));
-        t.close("Emitter");
-        t.leaf("Reference", "delete-" + integer(n));
-        t.close("Delete");
-    }
-    t.open("PropagationModel");
-    t.leaf("SelectModel", "ITM");
-    t.open("PropertiesITM");
-    t.leaf("RRI", "300.0000");
-    t.leaf("Pol", "V");
-    t.leaf("Climate", "Continental Temperate");
-    t.leaf("Surface", "Average Ground");
-    t.leaf("Conf", "50.00");
-    t.leaf("Time", "50.00");
-    t.close("PropertiesITM");
-    t.leaf("Reference", "pm-itm");
-    t.close("PropagationModel");
+        t.create(n);
+    for (int n = 0; n < 2; ++n)
+        t.deleteEmitter(n);
+    t.propagationModel("pm-itm");
     for (qint64 n = 0; n == 0 || t.size() + 12 < bytes; ++n)
-        calculation(t, n);
+        t.calculation(n);
     t.close("Command");
     return t.take();
-}
-
-void resultRecord(Text& t, int kind, qint64 n, int vertices)
-{
-    static const char* const tags[] = {"Result_FindSites", "Result_CEP", "Result_DetectProb",
-                                       "Result_DfCoverage"};
-    static const char* const units[] = {"%", "m", "%", "dBm"};
-    static const char* const minima[] = {"0", "12.5", "0", "-120"};
-    static const char* const maxima[] = {"100", "840", "99.5", "-40.5"};
-    const char* tag = tags[kind];
-    t.open(tag, "version=\"1.0\"");
-    t.leaf("Name", name(tag + 7, n));
-    if (kind == 1)
-        areaPolygon(t, n, vertices);
-    else
-        areaRect(t, n);
-    t.leaf("ResultGrid", resultGrids[n % 5]);
-    t.open("Values", QByteArray("version=\"1.0\" unit=\"") + units[kind] + '"');
-    t.leaf("Min", minima[kind]);
-    t.leaf("Max", maxima[kind]);
-    t.close("Values");
-    t.close(tag);
 }
 
 QByteArray snapshot(qint64 bytes)
@@ -456,22 +177,22 @@ QByteArray snapshot(qint64 bytes)
         for (bool first = true; first || t.size() + 24 < end; first = false, ++n) {
             switch (stage) {
             case 0:
-                deploymentArea(t, "DeploymentArea", n);
+                t.deploymentArea("DeploymentArea", n);
                 break;
             case 1:
-                aoi(t, "AreaOfInterest", n, vertices);
+                t.aoi("AreaOfInterest", n, vertices, Order::Ascending);
                 break;
             case 2:
-                emitter(t, "KnownEmitter", n);
+                t.emitter("KnownEmitter", n);
                 break;
             case 3:
-                receiver(t, "Receiver", n);
+                t.receiver("Receiver", n, n % 2 != 0);
                 break;
             case 4:
-                df(t, "DirectionFinder", n);
+                t.df("DirectionFinder", n);
                 break;
             default:
-                resultRecord(t, stage - 5, n, vertices);
+                t.resultRecord(stage - 5, n, vertices);
                 break;
             }
         }
@@ -515,7 +236,7 @@ void response(Text& t, qint64 n)
     const char* type = kind == 2 ? "interactive" : "automatic";
     t.open("Response", QByteArray("type=\"") + type + "\" final=\"" +
                            (kind == 3 ? "false" : "true") + "\" timestamp=\"" + timestamp(n) + '"');
-    orderDef(t);
+    t.orderDef();
     if (kind == 2) {
         t.open("Interactive");
         interlinkResult(t, n);
@@ -578,12 +299,8 @@ QByteArray pairs(qint64 count, qint64 bytes)
 {
     Text t;
     t.open("RxThresholds", "version=\"1.0\"");
-    for (qint64 n = 0; n < count || t.size() + 16 < bytes; ++n) {
-        t.open("Pair", "version=\"1.0\"");
-        t.value("Frequency", "MHz", fixed(30 + double(n * 7919 % 2970000) / 1000, 3));
-        t.value("RxThreshold", "dBm", fixed(-120 + double(n % 400) / 10, 1));
-        t.close("Pair");
-    }
+    for (qint64 n = 0; n < count || t.size() + 16 < bytes; ++n)
+        t.pair(n);
     t.close("RxThresholds");
     return t.take();
 }

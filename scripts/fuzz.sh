@@ -8,7 +8,8 @@
 # Usage: scripts/fuzz.sh FUZZ_BUILD KELXML [SECONDS] [TARGET...]
 #   FUZZ_BUILD  the clang build with the fuzzers (build/fuzz)
 #   KELXML      a kelxml tool, to number the classes for fuzz_elements
-#   TARGET      fuzz_elements, fuzz_command, fuzz_response, fuzz_scenario (default: all)
+#   TARGET      fuzz_elements or a document target, fuzz_command... (default: all; the build
+#               lists them in FUZZ_BUILD/fuzz/targets.txt, one per document kind)
 # Extra libFuzzer options can be given in FUZZ_OPTIONS, e.g. FUZZ_OPTIONS=-runs=10000000.
 # FUZZ_MAX_LEN (default 32768) bounds the inputs; FUZZ_SEEDS names a folder
 # whose subfolders command/, response/, scenario/ and elements/ hold more
@@ -21,8 +22,11 @@ kelxml=${2:?$usage}
 seconds=${3:-60}
 shift $(($# < 3 ? $# : 3))
 targets=("$@")
-[ ${#targets[@]} -gt 0 ] || targets=(fuzz_elements fuzz_command fuzz_response fuzz_scenario)
 root=$(cd "$(dirname "$0")/.." && pwd)
+# Each target with the class whose samples start it ("-" for fuzz_elements).
+listed=$build/fuzz/targets.txt
+[ -f "$listed" ] || { echo "no $listed: build the fuzzers first" >&2; exit 64; }
+[ ${#targets[@]} -gt 0 ] || mapfile -t targets < <(cut -d' ' -f1 "$listed")
 
 # Starting inputs: every sample of a document for its target; for fuzz_elements every
 # sample prefixed with the byte that selects its class (its place in
@@ -30,11 +34,11 @@ root=$(cd "$(dirname "$0")/.." && pwd)
 fill_corpus() {
     local target=$1 corpus=$build/corpus/$1
     mkdir -p "$corpus"
-    case $target in
-    fuzz_command) cp "$root"/examples/XmlCmdRoot/*.xml "$corpus"/ ;;
-    fuzz_response) cp "$root"/examples/XmlRespRoot/*.xml "$corpus"/ ;;
-    fuzz_scenario) cp "$root"/examples/XmlKelBtType/*.xml "$corpus"/ ;;
-    fuzz_elements)
+    local samples
+    samples=$(awk -v t="$target" '$1 == t { print $2 }' "$listed")
+    case $samples in
+    '') echo "unknown target $target" >&2; exit 64 ;;
+    -)
         local index=0 class sample
         for class in $("$kelxml" classes | cut -f1 | cut -d' ' -f1); do
             for sample in "$root"/examples/"$class"/*.xml; do
@@ -45,7 +49,7 @@ fill_corpus() {
             index=$((index + 1))
         done
         ;;
-    *) echo "unknown target $target" >&2; exit 64 ;;
+    *) cp "$root"/examples/"$samples"/*.xml "$corpus"/ ;;
     esac
     if [ -n "${FUZZ_SEEDS:-}" ]; then
         local seed

@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <limits>
 
 namespace KelXmlTest {
 
@@ -58,8 +59,9 @@ inline QString block(const QString& classname, const QStringList& messages)
 }
 
 // A device that hands out its data as a stream, like a pipe or a socket,
-// and counts what was taken from it. An open-ended one is never at its end:
-// more may come once it has handed over all it holds.
+// at most `piece` bytes a read (as a slow source does), and counts what was
+// taken from it. An open-ended one is never at its end: more may come once
+// it has handed over all it holds.
 class Stream : public QIODevice
 {
 public:
@@ -68,9 +70,11 @@ public:
         Ends,
         OpenEnded,
     };
-    explicit Stream(const QByteArray& data, Ending ending = Ends)
+    explicit Stream(const QByteArray& data, Ending ending = Ends,
+                    qint64 piece = std::numeric_limits<qint64>::max())
         : m_data(data)
         , m_ending(ending)
+        , m_piece(piece)
     {
         open(QIODevice::ReadOnly);
     }
@@ -81,7 +85,7 @@ public:
 protected:
     qint64 readData(char* data, qint64 maxSize) override
     {
-        const qint64 count = std::min(maxSize, qint64(m_data.size()) - m_at);
+        const qint64 count = std::min({maxSize, m_piece, qint64(m_data.size()) - m_at});
         std::memcpy(data, m_data.constData() + m_at, size_t(count));
         m_at += count;
         return count;
@@ -91,6 +95,7 @@ protected:
 private:
     QByteArray m_data;
     Ending m_ending;
+    qint64 m_piece;
     qint64 m_at = 0;
 };
 

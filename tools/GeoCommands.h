@@ -1,34 +1,34 @@
 #pragma once
 
-// The map commands of the kelxml tool: a document's geographic objects as
-// GeoJSON or as an SVG map.
+// The map commands of the kelxml tool: the geographic objects of a document
+// whose kind has a map (XmlDocumentKind::hasMap) as GeoJSON or as an SVG map.
 
-#include <XmlCmdRoot.h>
-#include <XmlGeoFeatures.h>
-#include <XmlKelBtType.h>
+#include "ToolCommands.h"
+
+#include <XmlDocumentKind.h>
 
 class QIODevice;
-class QString;
 
-// Visits the geographic objects of a scenario snapshot or a command message;
-// false, visiting nothing, for an element of any other class.
-inline bool visitDocument(const KelXml::IXmlElement& document, const KelXml::XmlGeoVisitor& visit)
+// A document whose kind has a map, and the title its map shows.
+struct MapDocument
 {
-    if (const auto* scenario = dynamic_cast<const KelXml::XmlKelBtType*>(&document)) {
-        KelXml::visitGeoFeatures(*scenario, visit);
-        return true;
-    }
-    if (const auto* command = dynamic_cast<const KelXml::XmlCmdRoot*>(&document)) {
-        KelXml::visitGeoFeatures(*command, visit);
-        return true;
-    }
-    return false;
-}
+    const KelXml::XmlDocumentKind& kind;
+    const KelXml::IXmlElement& root;
+    QString title; // the file's name
 
-// Writes a GeoJSON FeatureCollection, one feature per line, as the objects
-// are visited. False when the device refused the output.
-bool writeGeoJson(const KelXml::IXmlElement& document, QIODevice& device);
+    // Calls visit once per geographic object of the document.
+    void visit(const KelXml::XmlGeoVisitor& visit) const { kind.visitGeoFeatures(root, visit); }
+};
 
-// Writes a self-contained SVG map titled with the given text. False when the
-// device refused the output.
-bool writeSvg(const KelXml::IXmlElement& document, const QString& title, QIODevice& device);
+// Writes the map of a document; false when the device refused the output.
+using MapWriter = bool (*)(const MapDocument& document, QIODevice& device);
+
+// A GeoJSON FeatureCollection, one feature per line, written as the objects
+// are visited.
+bool writeGeoJson(const MapDocument& document, QIODevice& device);
+// A self-contained SVG map titled with the document's title.
+bool writeSvg(const MapDocument& document, QIODevice& device);
+
+// The row of the command table of a map command that writes with `write`:
+// "NAME --as scenario|command FILE", the kinds being those with a map.
+ToolCommand mapCommand(const QString& name, const QString& help, MapWriter write);

@@ -61,13 +61,13 @@ QJsonObject properties(const XmlGeoFeature& feature)
 
 } // namespace
 
-bool writeGeoJson(const KelXml::IXmlElement& document, QIODevice& device)
+bool writeGeoJson(const MapDocument& document, QIODevice& device)
 {
     // Each feature is serialised on its own as it comes, so a large document
     // costs time in proportion to its size and never a whole second tree.
     bool written = device.write("{\"type\":\"FeatureCollection\",\"features\":[") > 0;
     bool first = true;
-    visitDocument(document, [&](const XmlGeoFeature& feature) {
+    document.visit([&](const XmlGeoFeature& feature) {
         const QJsonObject object{{QStringLiteral("type"), QStringLiteral("Feature")},
                                  {QStringLiteral("geometry"), geometry(feature)},
                                  {QStringLiteral("properties"), properties(feature)}};

@@ -184,42 +184,25 @@ QString degrees(double value, int decimals, QChar positive, QChar negative)
            (value > 0 ? positive : negative);
 }
 
+// The style class and the legend's label of each kind, in the order of
+// XmlGeoFeature::Kind.
+const struct
+{
+    const char* cssClass;
+    const char* label;
+} kindStyles[] = {
+    {"aoi", "Area of interest"},    {"deployment", "Deployment area"}, {"station", "Station"},
+    {"finder", "Direction finder"}, {"receiver", "Receiver"},          {"emitter", "Emitter"},
+};
+
 QString kindClass(XmlGeoFeature::Kind kind)
 {
-    switch (kind) {
-    case XmlGeoFeature::AreaOfInterest:
-        return QStringLiteral("aoi");
-    case XmlGeoFeature::DeploymentArea:
-        return QStringLiteral("deployment");
-    case XmlGeoFeature::Station:
-        return QStringLiteral("station");
-    case XmlGeoFeature::DirectionFinder:
-        return QStringLiteral("finder");
-    case XmlGeoFeature::Receiver:
-        return QStringLiteral("receiver");
-    case XmlGeoFeature::Emitter:
-        return QStringLiteral("emitter");
-    }
-    return QString();
+    return QLatin1String(kindStyles[kind].cssClass);
 }
 
 QString kindLabel(XmlGeoFeature::Kind kind)
 {
-    switch (kind) {
-    case XmlGeoFeature::AreaOfInterest:
-        return QStringLiteral("Area of interest");
-    case XmlGeoFeature::DeploymentArea:
-        return QStringLiteral("Deployment area");
-    case XmlGeoFeature::Station:
-        return QStringLiteral("Station");
-    case XmlGeoFeature::DirectionFinder:
-        return QStringLiteral("Direction finder");
-    case XmlGeoFeature::Receiver:
-        return QStringLiteral("Receiver");
-    case XmlGeoFeature::Emitter:
-        return QStringLiteral("Emitter");
-    }
-    return QString();
+    return QLatin1String(kindStyles[kind].label);
 }
 
 QString points(const QVector<QPair<double, double>>& corners)
@@ -481,11 +464,11 @@ void writeLegend(QXmlStreamWriter& svg, const QVector<XmlGeoFeature>& features, 
 
 } // namespace
 
-bool writeSvg(const KelXml::IXmlElement& document, const QString& title, QIODevice& device)
+bool writeSvg(const MapDocument& document, QIODevice& device)
 {
     QVector<XmlGeoFeature> features;
     Box box;
-    visitDocument(document, [&](const XmlGeoFeature& feature) {
+    document.visit([&](const XmlGeoFeature& feature) {
         features.append(feature);
         for (const Position& position : feature.positions)
             box.add(position);
@@ -508,13 +491,13 @@ bool writeSvg(const KelXml::IXmlElement& document, const QString& title, QIODevi
     svg.writeAttribute(QStringLiteral("height"), number(height));
     svg.writeAttribute(QStringLiteral("viewBox"),
                        QStringLiteral("0 0 %1 %2").arg(number(width), number(height)));
-    svg.writeTextElement(QStringLiteral("title"), title);
+    svg.writeTextElement(QStringLiteral("title"), document.title);
     svg.writeTextElement(QStringLiteral("style"), QString::fromUtf8(styleSheet));
     svg.writeEmptyElement(QStringLiteral("rect"));
     svg.writeAttribute(QStringLiteral("width"), QStringLiteral("100%"));
     svg.writeAttribute(QStringLiteral("height"), QStringLiteral("100%"));
     svg.writeAttribute(QStringLiteral("fill"), QStringLiteral("#ffffff"));
-    writeText(svg, leftMargin, 30, title, QStringLiteral("title"));
+    writeText(svg, leftMargin, 30, document.title, QStringLiteral("title"));
 
     writeGraticule(svg, projection);
     if (features.isEmpty()) {

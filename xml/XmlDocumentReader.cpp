@@ -18,6 +18,15 @@ XmlReadError simpleError(XmlReadError::Kind kind, const QString& message)
     return error;
 }
 
+XmlReadResult unknownClass(const QString& classNameOrAlias)
+{
+    XmlReadResult result;
+    result.error =
+        simpleError(XmlReadError::UnknownClass,
+                    QStringLiteral("unknown element class \"%1\"").arg(classNameOrAlias));
+    return result;
+}
+
 // The error the XML reader holds. A document that ends too early is located
 // at its end, where the reader itself may not say.
 XmlReadError readerError(const QXmlStreamReader& reader, const XmlScanDevice& device,
@@ -132,64 +141,57 @@ XmlReadResult XmlDocumentReader::read(const QString& classNameOrAlias,
                                       const QByteArray& document) const
 {
     const QString className = XmlElementRegistry::resolve(classNameOrAlias);
-    if (className.isEmpty()) {
-        XmlReadResult result;
-        result.error =
-            simpleError(XmlReadError::UnknownClass,
-                        QStringLiteral("unknown element class \"%1\"").arg(classNameOrAlias));
-        return result;
-    }
+    if (className.isEmpty())
+        return unknownClass(classNameOrAlias);
     XmlScanDevice device(document, m_limits);
     return readThrough(className, device);
 }
 
 XmlReadResult XmlDocumentReader::read(const QString& classNameOrAlias, QIODevice* device) const
 {
-    XmlReadResult result;
     if (!device || !device->isReadable()) {
+        XmlReadResult result;
         result.error = simpleError(XmlReadError::Device, QStringLiteral("the device is not open "
                                                                         "for reading"));
         return result;
     }
     const QString className = XmlElementRegistry::resolve(classNameOrAlias);
-    if (className.isEmpty()) {
-        result.error =
-            simpleError(XmlReadError::UnknownClass,
-                        QStringLiteral("unknown element class \"%1\"").arg(classNameOrAlias));
-        return result;
-    }
+    if (className.isEmpty())
+        return unknownClass(classNameOrAlias);
     XmlScanDevice scanned(device, m_limits);
     return readThrough(className, scanned);
 }
 
+// The three documents by the names of their kinds (XmlDocumentKind).
+
 XmlReadResult XmlDocumentReader::readCommand(const QByteArray& document) const
 {
-    return read(QStringLiteral("XmlCmdRoot"), document);
+    return read(QStringLiteral("command"), document);
 }
 
 XmlReadResult XmlDocumentReader::readCommand(QIODevice* device) const
 {
-    return read(QStringLiteral("XmlCmdRoot"), device);
+    return read(QStringLiteral("command"), device);
 }
 
 XmlReadResult XmlDocumentReader::readResponse(const QByteArray& document) const
 {
-    return read(QStringLiteral("XmlRespRoot"), document);
+    return read(QStringLiteral("response"), document);
 }
 
 XmlReadResult XmlDocumentReader::readResponse(QIODevice* device) const
 {
-    return read(QStringLiteral("XmlRespRoot"), device);
+    return read(QStringLiteral("response"), device);
 }
 
 XmlReadResult XmlDocumentReader::readScenario(const QByteArray& document) const
 {
-    return read(QStringLiteral("XmlKelBtType"), document);
+    return read(QStringLiteral("scenario"), document);
 }
 
 XmlReadResult XmlDocumentReader::readScenario(QIODevice* device) const
 {
-    return read(QStringLiteral("XmlKelBtType"), device);
+    return read(QStringLiteral("scenario"), device);
 }
 
 } // namespace KelXml

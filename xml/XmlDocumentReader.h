@@ -49,7 +49,8 @@ public:
     const XmlReadLimits& limits() const { return m_limits; }
     void setLimits(const XmlReadLimits& limits) { m_limits = limits; }
 
-    /// Reads the document as an object of the registry class (or alias).
+    /// Reads the document as an object of the registry class, or as the root
+    /// class of the document kind of that name.
     XmlReadResult read(const QString& classNameOrAlias, const QByteArray& document) const;
     /// Reads the document from an open device, from its current position to
     /// its end. A device that is not sequential is refused from its size
@@ -58,6 +59,8 @@ public:
     /// rather be drained by the caller and its bytes passed).
     XmlReadResult read(const QString& classNameOrAlias, QIODevice* device) const;
 
+    /// The documents of the three kinds (XmlDocumentKind): read("command", ...),
+    /// read("response", ...) and read("scenario", ...).
     XmlReadResult readCommand(const QByteArray& document) const;
     XmlReadResult readCommand(QIODevice* device) const;
     XmlReadResult readResponse(const QByteArray& document) const;

@@ -28,6 +28,7 @@
 #include "XmlDfCovType.h"
 #include "XmlDfPrecisionType.h"
 #include "XmlDfType.h"
+#include "XmlDocumentKind.h"
 #include "XmlEmitterType.h"
 #include "XmlFieldstrengthType.h"
 #include "XmlFindSitesType.h"
@@ -85,7 +86,6 @@ namespace {
 struct Registration
 {
     const char* className;
-    const char* alias;
     const char* summary;
     IXmlElement* (*create)();
     IXmlElement* (*copy)(const IXmlElement&);
@@ -111,105 +111,118 @@ IXmlElement* makeCommandForm()
 }
 
 // A row of the table for a default-constructible class.
-#define KELXML_ROW(Class, alias, summary)                                                          \
-    {                                                                                              \
-#Class, alias, summary, &make < Class>, &copyOf < Class>                                   \
-    }
+// clang-format off
+#define KELXML_ROW(Class, summary) {#Class, summary, &make<Class>, &copyOf<Class>}
+// clang-format on
 
-// One row per element class. A class joins the registry by a row here.
+// One row per element class. A class joins the registry by a row here; the
+// roots of whole documents take their aliases from the table of document
+// kinds (XmlDocumentKind.cpp).
 const Registration registrations[] = {
-    KELXML_ROW(XmlDBMType, "", "a level in dBm"),
-    KELXML_ROW(XmlDecibelType, "", "a gain or loss in dB"),
-    KELXML_ROW(XmlDegreesType, "", "an angle in degrees, 0 to 90"),
-    KELXML_ROW(XmlPowerType, "", "a power in W"),
-    KELXML_ROW(XmlLengthType, "", "a length in whole metres"),
-    KELXML_ROW(XmlFreqType, "", "a frequency in Hz, kHz, MHz or GHz"),
-    KELXML_ROW(XmlBandwidthType, "", "a bandwidth in whole kHz"),
-    KELXML_ROW(XmlSinadType, "", "a SINAD ratio"),
-    KELXML_ROW(XmlFieldstrengthType, "", "a field strength in dBm"),
-    KELXML_ROW(XmlDfPrecisionType, "", "a direction-finding precision in degrees"),
-    KELXML_ROW(XmlCoordinateType, "", "a longitude and latitude"),
-    KELXML_ROW(XmlNumCoordType, "", "a numbered longitude and latitude"),
-    KELXML_ROW(XmlDBMListType, "", "a list of dBm levels"),
-    KELXML_ROW(XmlDecibelListType, "", "a list of dB values"),
-    KELXML_ROW(XmlDegreesListType, "", "a list of angles"),
-    KELXML_ROW(XmlFreqListType, "", "a list of frequencies"),
-    KELXML_ROW(XmlFreqThrPairType, "", "a frequency with its receiver threshold"),
-    KELXML_ROW(XmlFreqThrListType, "", "a list of frequency/threshold pairs"),
-    KELXML_ROW(XmlKeyType, "", "an integer map key"),
-    KELXML_ROW(XmlMapType, "", "one key/length map entry"),
-    KELXML_ROW(XmlMapListType, "", "a key/length map"),
-    KELXML_ROW(XmlObjNameType, "", "an object name"),
-    KELXML_ROW(XmlReferenceType, "", "a command reference"),
-    KELXML_ROW(XmlNameAllType, "", "all objects or one named object"),
-    KELXML_ROW(XmlNameAllMultiType, "", "all objects or a list of named objects"),
-    KELXML_ROW(XmlOrderDef, "", "the order id and sender of a message"),
-    KELXML_ROW(XmlCmdAdmin, "", "an administrative command (version query)"),
-    KELXML_ROW(XmlBestSensorType, "", "a best-sensor coverage request"),
-    KELXML_ROW(XmlDetectProbType, "", "a detection-probability request"),
-    KELXML_ROW(XmlDfCovType, "", "a direction-finding coverage request"),
-    KELXML_ROW(XmlCepType, "", "a circular-error-probable request"),
-    KELXML_ROW(XmlCepProbType, "", "a CEP probability level"),
-    KELXML_ROW(XmlFindSitesType, "", "a possible-sites request"),
-    KELXML_ROW(XmlInterlinkPlanningType, "", "an interlink-planning request between two stations"),
-    KELXML_ROW(XmlCmdCreate, "", "a command creating one scenario object"),
-    KELXML_ROW(XmlCmdDelete, "", "a command deleting scenario objects of one kind"),
-    KELXML_ROW(XmlCmdCalc, "", "a command running one calculation"),
-    KELXML_ROW(XmlCmdRoot, "command", "a whole command message"),
-    KELXML_ROW(XmlAreaRectType, "", "a rectangle given by two corners"),
-    KELXML_ROW(XmlAreaPolyType, "", "a polygon of numbered vertices"),
-    KELXML_ROW(XmlAoiType, "", "an area of interest"),
-    KELXML_ROW(XmlDeploymentAreaType, "", "a deployment area"),
-    KELXML_ROW(XmlDeviceCategoryType, "", "the category of a device"),
-    KELXML_ROW(XmlDeviceType, "", "a device with its frequency tables"),
-    KELXML_ROW(XmlDeviceListType, "", "a list of devices"),
-    KELXML_ROW(XmlTxParamType, "",
-               "frequency, power, antenna height and bandwidth of a transmitter"),
-    KELXML_ROW(XmlRxParamType, "", "antenna height and threshold of a receiver"),
-    KELXML_ROW(XmlSignalPathType, "", "a signal path from antenna to receiver"),
-    KELXML_ROW(XmlStationInterlinkType, "", "the radio parameters of a station's interlink"),
-    KELXML_ROW(XmlStationType, "", "a monitoring or direction-finding station"),
-    KELXML_ROW(XmlDfType, "", "a direction finder"),
-    KELXML_ROW(XmlEmitterType, "", "a known emitter"),
-    KELXML_ROW(XmlReceiverType, "", "a receiver"),
-    KELXML_ROW(XmlPropModelEnumType, "", "the name of a propagation model"),
-    {"XmlPropModelType", "", "a propagation-model command", &makeCommandForm,
+    KELXML_ROW(XmlDBMType, "a level in dBm"),
+    KELXML_ROW(XmlDecibelType, "a gain or loss in dB"),
+    KELXML_ROW(XmlDegreesType, "an angle in degrees, 0 to 90"),
+    KELXML_ROW(XmlPowerType, "a power in W"),
+    KELXML_ROW(XmlLengthType, "a length in whole metres"),
+    KELXML_ROW(XmlFreqType, "a frequency in Hz, kHz, MHz or GHz"),
+    KELXML_ROW(XmlBandwidthType, "a bandwidth in whole kHz"),
+    KELXML_ROW(XmlSinadType, "a SINAD ratio"),
+    KELXML_ROW(XmlFieldstrengthType, "a field strength in dBm"),
+    KELXML_ROW(XmlDfPrecisionType, "a direction-finding precision in degrees"),
+    KELXML_ROW(XmlCoordinateType, "a longitude and latitude"),
+    KELXML_ROW(XmlNumCoordType, "a numbered longitude and latitude"),
+    KELXML_ROW(XmlDBMListType, "a list of dBm levels"),
+    KELXML_ROW(XmlDecibelListType, "a list of dB values"),
+    KELXML_ROW(XmlDegreesListType, "a list of angles"),
+    KELXML_ROW(XmlFreqListType, "a list of frequencies"),
+    KELXML_ROW(XmlFreqThrPairType, "a frequency with its receiver threshold"),
+    KELXML_ROW(XmlFreqThrListType, "a list of frequency/threshold pairs"),
+    KELXML_ROW(XmlKeyType, "an integer map key"),
+    KELXML_ROW(XmlMapType, "one key/length map entry"),
+    KELXML_ROW(XmlMapListType, "a key/length map"),
+    KELXML_ROW(XmlObjNameType, "an object name"),
+    KELXML_ROW(XmlReferenceType, "a command reference"),
+    KELXML_ROW(XmlNameAllType, "all objects or one named object"),
+    KELXML_ROW(XmlNameAllMultiType, "all objects or a list of named objects"),
+    KELXML_ROW(XmlOrderDef, "the order id and sender of a message"),
+    KELXML_ROW(XmlCmdAdmin, "an administrative command (version query)"),
+    KELXML_ROW(XmlBestSensorType, "a best-sensor coverage request"),
+    KELXML_ROW(XmlDetectProbType, "a detection-probability request"),
+    KELXML_ROW(XmlDfCovType, "a direction-finding coverage request"),
+    KELXML_ROW(XmlCepType, "a circular-error-probable request"),
+    KELXML_ROW(XmlCepProbType, "a CEP probability level"),
+    KELXML_ROW(XmlFindSitesType, "a possible-sites request"),
+    KELXML_ROW(XmlInterlinkPlanningType, "an interlink-planning request between two stations"),
+    KELXML_ROW(XmlCmdCreate, "a command creating one scenario object"),
+    KELXML_ROW(XmlCmdDelete, "a command deleting scenario objects of one kind"),
+    KELXML_ROW(XmlCmdCalc, "a command running one calculation"),
+    KELXML_ROW(XmlCmdRoot, "a whole command message"),
+    KELXML_ROW(XmlAreaRectType, "a rectangle given by two corners"),
+    KELXML_ROW(XmlAreaPolyType, "a polygon of numbered vertices"),
+    KELXML_ROW(XmlAoiType, "an area of interest"),
+    KELXML_ROW(XmlDeploymentAreaType, "a deployment area"),
+    KELXML_ROW(XmlDeviceCategoryType, "the category of a device"),
+    KELXML_ROW(XmlDeviceType, "a device with its frequency tables"),
+    KELXML_ROW(XmlDeviceListType, "a list of devices"),
+    KELXML_ROW(XmlTxParamType, "frequency, power, antenna height and bandwidth of a transmitter"),
+    KELXML_ROW(XmlRxParamType, "antenna height and threshold of a receiver"),
+    KELXML_ROW(XmlSignalPathType, "a signal path from antenna to receiver"),
+    KELXML_ROW(XmlStationInterlinkType, "the radio parameters of a station's interlink"),
+    KELXML_ROW(XmlStationType, "a monitoring or direction-finding station"),
+    KELXML_ROW(XmlDfType, "a direction finder"),
+    KELXML_ROW(XmlEmitterType, "a known emitter"),
+    KELXML_ROW(XmlReceiverType, "a receiver"),
+    KELXML_ROW(XmlPropModelEnumType, "the name of a propagation model"),
+    {"XmlPropModelType", "a propagation-model command", &makeCommandForm,
      &copyOf<XmlPropModelType>},
-    KELXML_ROW(XmlPropModelFSType, "", "free-space model parameters"),
-    KELXML_ROW(XmlPropModelHataType, "", "Okumura-Hata model parameters"),
-    KELXML_ROW(XmlPropModelOLOSType, "", "OLOS model parameters"),
-    KELXML_ROW(XmlPropModelITMType, "", "Irregular Terrain Model parameters"),
-    KELXML_ROW(XmlPropModelP1546Type, "", "P.1546 model parameters"),
-    KELXML_ROW(XmlPropModelP452Type, "", "P.452 model parameters"),
-    KELXML_ROW(XmlPropModelP526Type, "", "P.526 model parameters"),
-    KELXML_ROW(XmlPropModelP533Type, "", "P.533 model parameters"),
-    KELXML_ROW(XmlResultGridType, "", "the size of a result grid"),
-    KELXML_ROW(XmlGridValuesType, "", "the value range and unit of a result grid"),
-    KELXML_ROW(XmlGridResultType, "",
-               "the result of a grid calculation: parameters and picture file"),
-    KELXML_ROW(XmlInterlinkResultType, "", "the result of an interlink planning"),
-    KELXML_ROW(XmlResultObjectType, "", "a scenario object that the server reports"),
-    KELXML_ROW(XmlAutoRespType, "", "the server's answer to one command"),
-    KELXML_ROW(XmlInteractRespType, "", "a result the server sends on its own"),
-    KELXML_ROW(XmlRespRoot, "response", "a whole response message"),
-    KELXML_ROW(XmlResInfo_BestSensor_Type, "", "a stored best-sensor coverage result"),
-    KELXML_ROW(XmlResInfo_Cep_Type, "", "a stored circular-error-probable result"),
-    KELXML_ROW(XmlResInfo_DetectProb_Type, "", "a stored detection-probability result"),
-    KELXML_ROW(XmlResInfo_DfCov_Type, "", "a stored direction-finding coverage result"),
-    KELXML_ROW(XmlResInfo_FindSites_Type, "", "a stored possible-sites result"),
-    KELXML_ROW(XmlKelBtType, "scenario", "a whole scenario snapshot"),
+    KELXML_ROW(XmlPropModelFSType, "free-space model parameters"),
+    KELXML_ROW(XmlPropModelHataType, "Okumura-Hata model parameters"),
+    KELXML_ROW(XmlPropModelOLOSType, "OLOS model parameters"),
+    KELXML_ROW(XmlPropModelITMType, "Irregular Terrain Model parameters"),
+    KELXML_ROW(XmlPropModelP1546Type, "P.1546 model parameters"),
+    KELXML_ROW(XmlPropModelP452Type, "P.452 model parameters"),
+    KELXML_ROW(XmlPropModelP526Type, "P.526 model parameters"),
+    KELXML_ROW(XmlPropModelP533Type, "P.533 model parameters"),
+    KELXML_ROW(XmlResultGridType, "the size of a result grid"),
+    KELXML_ROW(XmlGridValuesType, "the value range and unit of a result grid"),
+    KELXML_ROW(XmlGridResultType, "the result of a grid calculation: parameters and picture file"),
+    KELXML_ROW(XmlInterlinkResultType, "the result of an interlink planning"),
+    KELXML_ROW(XmlResultObjectType, "a scenario object that the server reports"),
+    KELXML_ROW(XmlAutoRespType, "the server's answer to one command"),
+    KELXML_ROW(XmlInteractRespType, "a result the server sends on its own"),
+    KELXML_ROW(XmlRespRoot, "a whole response message"),
+    KELXML_ROW(XmlResInfo_BestSensor_Type, "a stored best-sensor coverage result"),
+    KELXML_ROW(XmlResInfo_Cep_Type, "a stored circular-error-probable result"),
+    KELXML_ROW(XmlResInfo_DetectProb_Type, "a stored detection-probability result"),
+    KELXML_ROW(XmlResInfo_DfCov_Type, "a stored direction-finding coverage result"),
+    KELXML_ROW(XmlResInfo_FindSites_Type, "a stored possible-sites result"),
+    KELXML_ROW(XmlKelBtType, "a whole scenario snapshot"),
 };
 
+const Registration* findClass(const QString& className)
+{
+    for (const Registration& registration : registrations) {
+        if (className == QLatin1String(registration.className))
+            return &registration;
+    }
+    return nullptr;
+}
+
+// A class by its name, or a document's root class by the name of its kind.
 const Registration* find(const QString& nameOrAlias)
 {
     if (nameOrAlias.isEmpty())
         return nullptr;
-    for (const Registration& registration : registrations) {
-        if (nameOrAlias == QLatin1String(registration.className) ||
-            nameOrAlias == QLatin1String(registration.alias))
-            return &registration;
-    }
-    return nullptr;
+    if (const Registration* registration = findClass(nameOrAlias))
+        return registration;
+    const XmlDocumentKind* kind = XmlDocumentKind::find(nameOrAlias);
+    return kind ? findClass(QLatin1String(kind->rootClass)) : nullptr;
+}
+
+QString aliasOf(const char* className)
+{
+    const XmlDocumentKind* kind = XmlDocumentKind::find(QLatin1String(className));
+    return kind ? QLatin1String(kind->name) : QString();
 }
 
 } // namespace
@@ -218,7 +231,7 @@ QList<XmlElementRegistry::Entry> XmlElementRegistry::entries()
 {
     QList<Entry> result;
     for (const Registration& registration : registrations) {
-        result.append({QLatin1String(registration.className), QLatin1String(registration.alias),
+        result.append({QLatin1String(registration.className), aliasOf(registration.className),
                        QLatin1String(registration.summary)});
     }
     return result;

@@ -10,8 +10,9 @@
 namespace KelXml {
 
 /// The element classes of the library by name, for programs that choose a
-/// class at run time (such as the kelxml tool). Document roots also answer to
-/// a short alias.
+/// class at run time (such as the kelxml tool). The root class of each kind
+/// of document also answers to the kind's name as its alias ("command" for
+/// XmlCmdRoot, see XmlDocumentKind).
 /// \ingroup framework
 class KELXML_EXPORT XmlElementRegistry
 {

@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <type_traits>
 #include <vector>
 
 namespace KelXml {
@@ -49,44 +50,9 @@ private:
     bool m_found = false;
 };
 
-template <class T>
-void setValidity(XmlGeoFeature& feature, const T& object)
-{
-    feature.object = &object;
-    feature.valid = object.isValid();
-    if (!feature.valid) {
-        FirstMessage first;
-        object.reportTo(first);
-        feature.problem = first.text();
-    }
-}
-
 Position position(const XmlCoordinateType& coordinate)
 {
     return {coordinate.longitude(), coordinate.latitude()};
-}
-
-template <class Area>
-void setShape(XmlGeoFeature& feature, const Area& area)
-{
-    if (const XmlAreaRectType* rect = area.areaRect()) {
-        feature.shape = XmlGeoFeature::Rectangle;
-        feature.positions = {position(*rect->upperLeft()), position(*rect->lowerRight())};
-    } else if (const XmlAreaPolyType* poly = area.areaPoly()) {
-        feature.shape = XmlGeoFeature::Polygon;
-        const QVector<XmlNumCoordType*> vertices = poly->vertices();
-        feature.positions.reserve(vertices.size());
-        for (const XmlNumCoordType* vertex : vertices)
-            feature.positions.append(position(*vertex));
-    }
-}
-
-void setPoint(XmlGeoFeature& feature, const XmlObjNameType& name,
-              const XmlCoordinateType& coordinate)
-{
-    feature.name = name.objName();
-    feature.shape = XmlGeoFeature::Point;
-    feature.positions = {position(coordinate)};
 }
 
 void addTxParameters(QVariantMap& properties, const XmlTxParamType& parameters)
@@ -108,83 +74,104 @@ void addPrecision(QVariantMap& properties, const XmlDfPrecisionType& precision)
     properties.insert(QStringLiteral("precision_deg"), precision.precision());
 }
 
-XmlGeoFeature makeFeature(const XmlAoiType& aoi)
+// The radio parameters of each kind of object, those it has.
+
+void addProperties(QVariantMap& properties, const XmlAoiType& aoi)
 {
-    XmlGeoFeature feature;
-    feature.kind = XmlGeoFeature::AreaOfInterest;
-    feature.name = aoi.objName()->objName();
-    setShape(feature, aoi);
-    addTxParameters(feature.properties, *aoi.txParam());
+    addTxParameters(properties, *aoi.txParam());
     if (const XmlFieldstrengthType* threshold = aoi.RxThres())
-        feature.properties.insert(QStringLiteral("threshold_dBm"), threshold->fieldstrength());
-    setValidity(feature, aoi);
-    return feature;
+        properties.insert(QStringLiteral("threshold_dBm"), threshold->fieldstrength());
 }
 
-XmlGeoFeature makeFeature(const XmlDeploymentAreaType& area)
+void addProperties(QVariantMap& properties, const XmlDeploymentAreaType& area)
 {
-    XmlGeoFeature feature;
-    feature.kind = XmlGeoFeature::DeploymentArea;
-    feature.name = area.objName()->objName();
-    setShape(feature, area);
-    QVariantMap& properties = feature.properties;
     properties.insert(QStringLiteral("frequency_MHz"), area.txFreq()->frequency_MHz());
     properties.insert(QStringLiteral("power_W"), area.txPower()->power());
     properties.insert(QStringLiteral("antennaHeight_m"), area.antHgt()->length());
     properties.insert(QStringLiteral("threshold_dBm"), area.rxThresh()->fieldstrength());
-    setValidity(feature, area);
-    return feature;
 }
 
-XmlGeoFeature makeFeature(const XmlStationType& station)
+void addProperties(QVariantMap& properties, const XmlStationType& station)
 {
-    XmlGeoFeature feature;
-    feature.kind = XmlGeoFeature::Station;
-    setPoint(feature, *station.objName(), *station.position());
     if (const XmlRxParamType* parameters = station.rxParam())
-        addRxParameters(feature.properties, *parameters);
+        addRxParameters(properties, *parameters);
     if (const XmlDfPrecisionType* precision = station.dfPrecision())
-        addPrecision(feature.properties, *precision);
-    setValidity(feature, station);
-    return feature;
+        addPrecision(properties, *precision);
 }
 
-XmlGeoFeature makeFeature(const XmlDfType& df)
+void addProperties(QVariantMap& properties, const XmlDfType& df)
+{
+    addRxParameters(properties, *df.rxParam());
+    addPrecision(properties, *df.dfPrecision());
+}
+
+void addProperties(QVariantMap& properties, const XmlReceiverType& receiver)
+{
+    addRxParameters(properties, *receiver.rxParam());
+}
+
+void addProperties(QVariantMap& properties, const XmlEmitterType& emitter)
+{
+    addTxParameters(properties, *emitter.txParam());
+}
+
+template <class Object>
+constexpr bool isArea =
+    std::is_same<Object, XmlAoiType>::value || std::is_same<Object, XmlDeploymentAreaType>::value;
+
+// The feature of one object: an area with the shape it holds, or a point.
+template <class Object>
+XmlGeoFeature makeFeature(XmlGeoFeature::Kind kind, const Object& object)
 {
     XmlGeoFeature feature;
-    feature.kind = XmlGeoFeature::DirectionFinder;
-    setPoint(feature, *df.objName(), *df.position());
-    addRxParameters(feature.properties, *df.rxParam());
-    addPrecision(feature.properties, *df.dfPrecision());
-    setValidity(feature, df);
+    feature.kind = kind;
+    feature.name = object.objName()->objName();
+    if constexpr (isArea<Object>) {
+        if (const XmlAreaRectType* rect = object.areaRect()) {
+            feature.shape = XmlGeoFeature::Rectangle;
+            feature.positions = {position(*rect->upperLeft()), position(*rect->lowerRight())};
+        } else if (const XmlAreaPolyType* poly = object.areaPoly()) {
+            feature.shape = XmlGeoFeature::Polygon;
+            const QVector<XmlNumCoordType*> vertices = poly->vertices();
+            feature.positions.reserve(vertices.size());
+            for (const XmlNumCoordType* vertex : vertices)
+                feature.positions.append(position(*vertex));
+        }
+    } else {
+        feature.shape = XmlGeoFeature::Point;
+        feature.positions = {position(*object.position())};
+    }
+    addProperties(feature.properties, object);
+    feature.object = &object;
+    feature.valid = object.isValid();
+    if (!feature.valid) {
+        FirstMessage first;
+        object.reportTo(first);
+        feature.problem = first.text();
+    }
     return feature;
 }
 
-XmlGeoFeature makeFeature(const XmlReceiverType& receiver)
+template <class Object>
+void visitOne(XmlGeoFeature::Kind kind, const Object* object, const XmlGeoVisitor& visit)
 {
-    XmlGeoFeature feature;
-    feature.kind = XmlGeoFeature::Receiver;
-    setPoint(feature, *receiver.objName(), *receiver.position());
-    addRxParameters(feature.properties, *receiver.rxParam());
-    setValidity(feature, receiver);
-    return feature;
+    if (object)
+        visit(makeFeature(kind, *object));
 }
 
-XmlGeoFeature makeFeature(const XmlEmitterType& emitter)
+template <class Object>
+void visitAll(XmlGeoFeature::Kind kind, const QList<Object*>& objects, const XmlGeoVisitor& visit)
 {
-    XmlGeoFeature feature;
-    feature.kind = XmlGeoFeature::Emitter;
-    setPoint(feature, *emitter.objName(), *emitter.position());
-    addTxParameters(feature.properties, *emitter.txParam());
-    setValidity(feature, emitter);
-    return feature;
+    for (const Object* object : objects)
+        visit(makeFeature(kind, *object));
 }
 
-template <class T>
-void visitAll(const QList<T*>& objects, const XmlGeoVisitor& visit)
+template <class Document>
+QVector<XmlGeoFeature> collect(const Document& document)
 {
-    for (const T* object : objects)
-        visit(makeFeature(*object));
+    QVector<XmlGeoFeature> features;
+    visitGeoFeatures(document, [&features](const XmlGeoFeature& f) { features.append(f); });
+    return features;
 }
 
 // Twice the signed area of a closed ring: positive when it runs
@@ -254,43 +241,33 @@ QString XmlGeoFeature::kindName(Kind kind)
 
 void visitGeoFeatures(const XmlKelBtType& scenario, const XmlGeoVisitor& visit)
 {
-    visitAll(scenario.deployments(), visit);
-    visitAll(scenario.aois(), visit);
-    visitAll(scenario.knownEmitters(), visit);
-    visitAll(scenario.receivers(), visit);
-    visitAll(scenario.dfs(), visit);
+    visitAll(XmlGeoFeature::DeploymentArea, scenario.deployments(), visit);
+    visitAll(XmlGeoFeature::AreaOfInterest, scenario.aois(), visit);
+    visitAll(XmlGeoFeature::Emitter, scenario.knownEmitters(), visit);
+    visitAll(XmlGeoFeature::Receiver, scenario.receivers(), visit);
+    visitAll(XmlGeoFeature::DirectionFinder, scenario.dfs(), visit);
 }
 
 void visitGeoFeatures(const XmlCmdRoot& command, const XmlGeoVisitor& visit)
 {
     for (const XmlCmdCreate* create : command.getCreateCmds()) {
-        if (const XmlDeploymentAreaType* area = create->deploymentArea())
-            visit(makeFeature(*area));
-        if (const XmlAoiType* aoi = create->aoi())
-            visit(makeFeature(*aoi));
-        if (const XmlEmitterType* emitter = create->emitter())
-            visit(makeFeature(*emitter));
-        if (const XmlReceiverType* receiver = create->receiver())
-            visit(makeFeature(*receiver));
-        if (const XmlDfType* df = create->df())
-            visit(makeFeature(*df));
-        if (const XmlStationType* station = create->station())
-            visit(makeFeature(*station));
+        visitOne(XmlGeoFeature::DeploymentArea, create->deploymentArea(), visit);
+        visitOne(XmlGeoFeature::AreaOfInterest, create->aoi(), visit);
+        visitOne(XmlGeoFeature::Emitter, create->emitter(), visit);
+        visitOne(XmlGeoFeature::Receiver, create->receiver(), visit);
+        visitOne(XmlGeoFeature::DirectionFinder, create->df(), visit);
+        visitOne(XmlGeoFeature::Station, create->station(), visit);
     }
 }
 
 QVector<XmlGeoFeature> geoFeatures(const XmlKelBtType& scenario)
 {
-    QVector<XmlGeoFeature> features;
-    visitGeoFeatures(scenario, [&features](const XmlGeoFeature& f) { features.append(f); });
-    return features;
+    return collect(scenario);
 }
 
 QVector<XmlGeoFeature> geoFeatures(const XmlCmdRoot& command)
 {
-    QVector<XmlGeoFeature> features;
-    visitGeoFeatures(command, [&features](const XmlGeoFeature& f) { features.append(f); });
-    return features;
+    return collect(command);
 }
 
 } // namespace KelXml

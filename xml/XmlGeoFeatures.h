@@ -42,7 +42,6 @@ struct KELXML_EXPORT XmlGeoFeature
     };
 
     /// A point in decimal degrees.
-    /// A point in decimal degrees.
     struct Position
     {
         double longitude;

@@ -17,6 +17,7 @@
 #include <XmlDecibelListType.h>
 #include <XmlDegreesListType.h>
 #include <XmlDeviceListType.h>
+#include <XmlDocumentKind.h>
 #include <XmlDocumentReader.h>
 #include <XmlElementRegistry.h>
 #include <XmlFreqListType.h>
@@ -208,16 +209,17 @@ int seeds(const QString& directory)
                 units = int(std::max<qint64>(1, units * wanted / document.size()));
                 document = shape->generate(units);
             }
-            // One folder per fuzz target; the element target takes a first
-            // byte that chooses the class.
-            const bool root =
-                QStringList{"command", "response", "scenario"}.contains(shape->className);
-            const QString target = root ? shape->className : QStringLiteral("elements");
-            if (!root) {
+            // One folder per fuzz target, named as scripts/fuzz.sh looks for
+            // it; the element target takes a first byte that chooses the class.
+            const XmlDocumentKind* kind = XmlDocumentKind::find(shape->className);
+            const QString target =
+                kind ? QLatin1String(kind->fuzzTarget) : QStringLiteral("fuzz_elements");
+            if (!kind) {
                 const int index = int(XmlElementRegistry::classNames().indexOf(shape->className));
                 document.prepend(char(index));
             }
-            const QString folder = directory + QLatin1Char('/') + target;
+            const QString folder =
+                directory + QLatin1Char('/') + target.section(QLatin1Char('_'), 1);
             const QString file = QStringLiteral("%1/%2-%3k.xml")
                                      .arg(folder, shape->name)
                                      .arg(document.size() / 1000);

@@ -81,6 +81,35 @@ private slots:
         QVERIFY(run.out.isEmpty());
     }
 
+    // --help lists each command with its synopsis, the help beside it (below
+    // a long synopsis), and names them all as the command argument.
+    void helpListsTheCommands()
+    {
+        const Run run = kelxml({"--help"});
+        QCOMPARE(run.status, 0);
+        const QString commands =
+            "Commands:\n"
+            "  check --as CLASS FILE...  Read the first element of each file as an object of\n"
+            "                            CLASS and say whether it is valid; otherwise print\n"
+            "                            the located read error or the validation report\n"
+            "                            (its first 100 faults unless --faults says otherwise).\n"
+            "  format --as CLASS FILE    Read the element and write it back to standard output\n"
+            "                            in its canonical, indented form.\n"
+            "  classes                   List the element classes (and aliases) known.\n"
+            "  geojson --as scenario|command FILE\n"
+            "                            Write the areas, stations, direction finders,\n"
+            "                            receivers and emitters of a scenario snapshot or of\n"
+            "                            the create commands of a command message as GeoJSON.\n"
+            "  svg --as scenario|command FILE\n"
+            "                            Write the same objects as an SVG map.\n"
+            "\n"
+            "Files are read as untrusted input:";
+        QVERIFY2(run.out.contains(commands), qPrintable(run.out));
+        QVERIFY2(run.out.contains(
+                     "\n  command                 check, format, classes, geojson or svg.\n"),
+                 qPrintable(run.out));
+    }
+
     // The Qt 6 build is kelxml6 and names itself so; the version is the project's.
     void versionNamesTheTool()
     {

@@ -111,34 +111,6 @@ void add(const char* name, const QByteArray& document, bool small, const Refusal
     add(name, document, small, refusal, refusal, taken);
 }
 
-// A stream that hands out its data a few bytes at a time, as a slow socket.
-class Pieces : public QIODevice
-{
-public:
-    Pieces(const QByteArray& data, qint64 piece)
-        : m_data(data)
-        , m_piece(piece)
-    {
-        open(QIODevice::ReadOnly);
-    }
-    bool isSequential() const override { return true; }
-
-protected:
-    qint64 readData(char* data, qint64 maxSize) override
-    {
-        const qint64 count = std::min({maxSize, m_piece, qint64(m_data.size()) - m_at});
-        std::memcpy(data, m_data.constData() + m_at, size_t(count));
-        m_at += count;
-        return count;
-    }
-    qint64 writeData(const char*, qint64) override { return -1; }
-
-private:
-    QByteArray m_data;
-    qint64 m_piece;
-    qint64 m_at = 0;
-};
-
 // A command message of `creates` create commands, several megabytes for 2000.
 QByteArray largeCommand(int creates)
 {
@@ -362,7 +334,7 @@ private slots:
             return; // a stream's size is known later: refused()
         for (int piece = 1; piece <= 3; ++piece) {
             for (int size = 1; size <= 9; size += 4) {
-                Pieces source(document, piece);
+                KelXmlTest::Stream source(document, KelXmlTest::Stream::Ends, piece);
                 XmlScanDevice cut(&source, limits, size);
                 cut.scanToEnd();
                 QCOMPARE(cut.fault().text(), whole.text());
@@ -560,7 +532,7 @@ private slots:
         buffer.open(QIODevice::ReadOnly);
         result = reader.readCommand(&buffer);
         QCOMPARE(written(result), expected);
-        Pieces slow(document, 1000);
+        KelXmlTest::Stream slow(document, KelXmlTest::Stream::Ends, 1000);
         result = reader.readCommand(&slow);
         QCOMPARE(written(result), expected);
 
@@ -634,7 +606,7 @@ private slots:
         QCOMPARE(whole.line, line);
         QCOMPARE(whole.column, column);
         for (const qint64 piece : {qint64(7), qint64(1) << 20}) {
-            Pieces stream(document, piece);
+            KelXmlTest::Stream stream(document, KelXmlTest::Stream::Ends, piece);
             const XmlReadResult result = XmlDocumentReader().readCommand(&stream);
             QCOMPARE(result.error.text(), whole.text());
             QVERIFY(!result.root);
@@ -651,7 +623,7 @@ private slots:
         const qint64 lines = document.count('\n') + 1;
         const qint64 column = document.size() - document.lastIndexOf('\n');
         for (const qint64 piece : {qint64(5), qint64(1) << 20}) {
-            Pieces stream(document, piece);
+            KelXmlTest::Stream stream(document, KelXmlTest::Stream::Ends, piece);
             const XmlReadResult result = XmlDocumentReader().readCommand(&stream);
             QCOMPARE(result.error.kind, XmlReadError::NotWellFormed);
             QCOMPARE(result.error.line, lines);

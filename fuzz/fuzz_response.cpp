@@ -1,8 +1,0 @@
-// Feeds arbitrary bytes to the entry point as a response message.
-
-#include "FuzzDocument.h"
-
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
-{
-    return KelXmlFuzz::readDocument("XmlRespRoot", data, size);
-}

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "XmlGeoFeatures.h"
+
+#include <QString>
+
+#include <vector>
+
+namespace KelXml {
+
+class IXmlElement;
+
+/// One kind of whole document that the client and the server exchange: a
+/// scenario snapshot, a command message or a response message.
+///
+/// The kinds are one table (XmlDocumentKind::all(), a row each in
+/// `XmlDocumentKind.cpp`). The table gives the registry the short name of each
+/// root class ("command" for XmlCmdRoot, so that
+/// `XmlDocumentReader().read("command", message)` and `kelxml check --as command`
+/// work), the tool its map commands, and the build one fuzz target a row. A
+/// new kind of document is one row there, its root class being registered as
+/// every class is.
+/// \ingroup framework
+struct KELXML_EXPORT XmlDocumentKind
+{
+    /// The kind's short name, which the registry takes as its root class's
+    /// alias: "command".
+    const char* name;
+    /// The registry class of the root element: "XmlCmdRoot".
+    const char* rootClass;
+    /// The name the root element carries in the documents the services
+    /// exchange: "Command". The reader takes a root of any name; this is the
+    /// name that tells the kind of a document from its first tag.
+    const char* rootElement;
+    /// The libFuzzer target that feeds arbitrary bytes to the entry point as
+    /// a document of this kind: "fuzz_command" (fuzz/CMakeLists.txt builds
+    /// one a row).
+    const char* fuzzTarget;
+    /// Calls visit once per geographic object of a root of this kind, as
+    /// visitGeoFeatures() does, and returns true; false, visiting nothing,
+    /// for an element of another class. Null when the kind has no map.
+    bool (*visitGeoFeatures)(const IXmlElement& root, const XmlGeoVisitor& visit);
+
+    /// Whether the tool draws documents of this kind (geojson, svg).
+    bool hasMap() const { return visitGeoFeatures != nullptr; }
+
+    /// Every kind, in the order the tool names them.
+    static const std::vector<XmlDocumentKind>& all();
+    /// The kind of that name or root class; null when there is none.
+    static const XmlDocumentKind* find(const QString& nameOrRootClass);
+};
+
+} // namespace KelXml
