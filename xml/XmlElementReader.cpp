@@ -59,6 +59,25 @@ QStringView XmlElementReader::attribute(const QString& name) const
     return QStringView();
 }
 
+QStringView XmlElementReader::attributeIn(const QXmlStreamAttributes& attributes, QStringView name)
+{
+    for (const QXmlStreamAttribute& each : attributes) {
+        if (XmlKit::sameName(each.qualifiedName(), name))
+            return each.value();
+    }
+    return QStringView();
+}
+
+QString XmlElementReader::missingAttributeMessage(const QString& name)
+{
+    return missingAttribute.arg(name);
+}
+
+QString XmlElementReader::illegalAttributeMessage(const QString& name)
+{
+    return illegalAttribute.arg(name);
+}
+
 void XmlElementReader::readVersion(XmlText& version) const
 {
     takeVersion(attribute(XmlKit::versionAttribute), version);

@@ -183,6 +183,11 @@ public:
     // The value of an attribute of the current start tag; a null view when
     // absent. Valid until the next token is read.
     QStringView attribute(const QString& name) const;
+    // The same among the given attributes: the first of the name.
+    static QStringView attributeIn(const QXmlStreamAttributes& attributes, QStringView name);
+    // "Missing attribute: \"<name>\"" and "Illegal attribute value in \"<name>\"".
+    static QString missingAttributeMessage(const QString& name);
+    static QString illegalAttributeMessage(const QString& name);
     // Raises "Version not supported: <version>" for any version but "1.0".
     bool checkVersion(const QString& version);
 
@@ -197,9 +202,10 @@ public:
     int toInt(QStringView text, int fallback) { return parseInt(text).value_or(fallback); }
 
     // The token loop, up to and including the element's end tag, with the
-    // class's Tokens type: its members are called without indirection.
+    // class's Tokens type: its members are called without indirection. True
+    // when it ended at the element's own end tag, false after an error.
     template <class T>
-    void loop(T& tokens);
+    bool loop(T& tokens);
     // The loop of a text-valued element: every start tag is refused and each
     // piece of character data is handed to take(QStringView).
     template <class Take>
@@ -247,7 +253,7 @@ private:
 };
 
 template <class T>
-void XmlElementReader::loop(T& tokens)
+bool XmlElementReader::loop(T& tokens)
 {
     // Every error leaves the reader on an Invalid token, after which atEnd()
     // holds; only a premature end of input that may still grow leaves it
@@ -261,7 +267,7 @@ void XmlElementReader::loop(T& tokens)
             const QStringView name = m_reader.name();
             if (XmlKit::sameName(name, m_elementName)) {
                 if (tokens.mayEnd())
-                    return;
+                    return true;
                 refuseEnd(name);
             } else if (!tokens.passEnd(name)) {
                 refuseEnd(name);
@@ -273,9 +279,10 @@ void XmlElementReader::loop(T& tokens)
         } else {
             otherToken(type);
             if (type == QXmlStreamReader::Invalid)
-                return;
+                return false;
         }
     }
+    return false;
 }
 
 } // namespace KelXml
