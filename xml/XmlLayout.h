@@ -180,9 +180,7 @@ public:
     static XmlField enumeration(const char* name, E Owner::*member, const XmlEnumTexts& texts,
                                 const char* message)
     {
-        XmlField field = value(name, member, Text);
-        field.m_texts = &texts;
-        return field.failsWith(message);
+        return enumerationValue(name, member, texts, Text).failsWith(message);
     }
     // An ISO 8601 date-time, kept even when invalid; an invalid one gives the
     // message.
@@ -399,6 +397,27 @@ private:
         return field;
     }
 
+    // An enumeration (or an int) held in a data member, converted by the texts.
+    template <class Owner, class E>
+    static XmlField enumerationValue(const char* name, E Owner::*member, const XmlEnumTexts& texts,
+                                     Kind kind)
+    {
+        XmlField field(name, true, kind);
+        field.m_member = hold(member);
+        field.m_texts = &texts;
+        field.m_take = [](const XmlField& f, XmlElementBase& owner, QStringView text) -> Outcome {
+            E& value = f.at<Owner, E>(owner);
+            int number = int(value);
+            const Outcome outcome = f.takeEnumeration(number, text);
+            value = E(number);
+            return outcome;
+        };
+        field.m_format = [](const XmlField& f, const XmlElementBase& owner) -> QString {
+            return f.formatEnumeration(int(f.at<Owner, E>(owner)));
+        };
+        return field;
+    }
+
     // The conversions between a text and a value, by the value's type.
     Outcome take(QString& value, QStringView text) const;
     Outcome take(XmlText& value, QStringView text) const;
@@ -406,14 +425,6 @@ private:
     Outcome take(int& value, QStringView text) const;
     Outcome take(bool& value, QStringView text) const;
     Outcome take(QDateTime& value, QStringView text) const;
-    template <class E, std::enable_if_t<std::is_enum<E>::value, int> = 0>
-    Outcome take(E& value, QStringView text) const
-    {
-        int number = int(value);
-        const Outcome outcome = takeEnumeration(number, text);
-        value = E(number);
-        return outcome;
-    }
     Outcome takeEnumeration(int& value, QStringView text) const;
     QString format(const QString& value) const { return value; }
     QString format(const XmlText& value) const { return value.toString(); }
@@ -421,11 +432,6 @@ private:
     QString format(int value) const;
     QString format(bool value) const;
     QString format(const QDateTime& value) const;
-    template <class E, std::enable_if_t<std::is_enum<E>::value, int> = 0>
-    QString format(E value) const
-    {
-        return formatEnumeration(int(value));
-    }
     QString formatEnumeration(int value) const;
 
     void write(const XmlElementBase& owner, QXmlStreamWriter& writer) const;
@@ -482,9 +488,8 @@ struct KELXML_EXPORT XmlAttribute
     template <class Owner, class E>
     static XmlField enumeration(const char* name, E Owner::*member, const XmlEnumTexts& texts)
     {
-        XmlField field = XmlField::value(name, member, XmlField::Attribute);
-        field.m_texts = &texts;
-        return refusedAsIllegal(field);
+        return refusedAsIllegal(
+            XmlField::enumerationValue(name, member, texts, XmlField::Attribute));
     }
     // "TRUE" or "FALSE" in any letter case, "1" or "0"; anything else, absence
     // included, leaves the value and fails as an enumeration does. Written
