@@ -20,6 +20,11 @@ void XmlComposite::processXml(QXmlStreamReader& reader, const QString& elementNa
     layout().read(*this, m_version, reader, elementName);
 }
 
+bool XmlComposite::readElement(QXmlStreamReader& reader, const QString& elementName)
+{
+    return layout().read(*this, m_version, reader, elementName);
+}
+
 void XmlComposite::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
 {
     layout().write(*this, m_version, writer, elementName);

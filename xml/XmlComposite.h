@@ -23,6 +23,10 @@ public:
 protected:
     explicit XmlComposite(const XmlLayout& layout);
 
+    /// processXml() for a class that adds a step of its own: true when the
+    /// reading ended at the element's own end tag.
+    bool readElement(QXmlStreamReader& reader, const QString& elementName);
+
     /// The version, then every child in table order.
     void checkContent(XmlChecks& checks) const override;
     /// The two halves of checkContent(), for a class that states rules of its

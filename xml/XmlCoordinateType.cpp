@@ -1,65 +1,64 @@
 #include "XmlCoordinateType.h"
 
-#include "XmlElementReader.h"
-#include "XmlKit.h"
-#include "XmlNumberText.h"
+#include "XmlLayout.h"
 
 namespace KelXml {
 
 namespace {
-// The name every message of the class carries.
-const QString typeName = QStringLiteral("XmlCoordinateType");
-const QString longitudeElement = QStringLiteral("Longitude");
-const QString latitudeElement = QStringLiteral("Latitude");
 const double unset = -999.999;
 } // namespace
 
+// The texts are converted unchecked: a text that is not a number gives 0.
+XmlLayout XmlCoordinateType::layoutWith(std::initializer_list<XmlField> attributes)
+{
+    using Self = XmlCoordinateType;
+    std::vector<XmlField> rows(attributes);
+    rows.push_back(XmlField::number("Longitude", &Self::m_longitude, 'f', 6));
+    rows.push_back(XmlField::number("Latitude", &Self::m_latitude, 'f', 6));
+    return XmlLayout("XmlCoordinateType", XmlElementReader::NamedWording, XmlLayout::CheckedVersion,
+                     std::move(rows));
+}
+
+const XmlLayout& XmlCoordinateType::layout()
+{
+    static const XmlLayout layout = layoutWith({});
+    return layout;
+}
+
 XmlCoordinateType::XmlCoordinateType()
-    : XmlElementBase(PermanentName{&typeName})
-    , m_longitude(unset)
-    , m_latitude(unset)
-    , m_version(XmlKit::defaultVersionText)
+    : XmlCoordinateType(layout())
 {}
 
-namespace {
+XmlCoordinateType::XmlCoordinateType(const XmlLayout& layout)
+    : XmlVersionedComposite(layout)
+    , m_longitude(unset)
+    , m_latitude(unset)
+{}
 
-// The value of the text, or 0 when it is not a number.
-double number(const QString& text)
+XmlCoordinateType::XmlCoordinateType(const XmlCoordinateType& other)
+    : XmlCoordinateType(other, layout())
+{}
+
+XmlCoordinateType::XmlCoordinateType(const XmlCoordinateType& other, const XmlLayout& layout)
+    : XmlVersionedComposite(layout)
+    , m_longitude(other.m_longitude)
+    , m_latitude(other.m_latitude)
 {
-    bool ok = false;
-    return XmlKit::toDouble(text, &ok);
+    m_version = other.m_version;
 }
 
-} // namespace
-
-void XmlCoordinateType::processXml(QXmlStreamReader& reader, const QString& elementName)
+// The values only: each object keeps the table it was made with.
+XmlCoordinateType& XmlCoordinateType::operator=(const XmlCoordinateType& other)
 {
-    XmlElementReader in(*this, reader, elementName, XmlElementReader::NamedWording);
-    if (!in.begin(m_version) || !in.checkVersion(m_version))
-        return;
-    // The texts are converted unchecked: a text that is not a number gives 0.
-    in.readChildren({
-        XmlChild::text(longitudeElement, [this](const QString& t) { m_longitude = number(t); }),
-        XmlChild::text(latitudeElement, [this](const QString& t) { m_latitude = number(t); }),
-    });
-}
-
-void XmlCoordinateType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
-{
-    XmlKit::writeStartElement(writer, elementName, m_version);
-    produceChildren(writer);
-    writer.writeEndElement();
-}
-
-void XmlCoordinateType::produceChildren(QXmlStreamWriter& writer) const
-{
-    writer.writeTextElement(longitudeElement, XmlKit::numberText(m_longitude, 'f', 6));
-    writer.writeTextElement(latitudeElement, XmlKit::numberText(m_latitude, 'f', 6));
+    m_version = other.m_version;
+    m_longitude = other.m_longitude;
+    m_latitude = other.m_latitude;
+    return *this;
 }
 
 void XmlCoordinateType::checkContent(XmlChecks& checks) const
 {
-    checks.version(supportsVersion(), m_version);
+    checkVersion(checks);
     checks.expect(!(m_longitude < -180.0 || m_longitude > 180.0),
                   QStringLiteral("Longitude out of bounds"));
     checks.expect(!(m_latitude < -90.0 || m_latitude > 90.0),
@@ -70,13 +69,7 @@ void XmlCoordinateType::reset()
 {
     m_longitude = unset;
     m_latitude = unset;
-    m_version = XmlKit::defaultVersionText;
-    XmlElementBase::reset();
-}
-
-bool XmlCoordinateType::supportsVersion() const
-{
-    return XmlKit::isSupportedVersion(m_version);
+    XmlComposite::reset();
 }
 
 } // namespace KelXml

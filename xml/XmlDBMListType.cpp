@@ -6,13 +6,14 @@ namespace KelXml {
 
 template class XmlListType<XmlDBMType>;
 
-namespace {
-const XmlListShape shape{QStringLiteral("XmlDBMListType"), QStringLiteral("dBm"),
-                         QStringLiteral("Too few pairs (min. 1)")};
-} // namespace
+const XmlLayout& XmlDBMListType::layout()
+{
+    static const XmlLayout layout = layoutOf("XmlDBMListType", "dBm", "Too few pairs (min. 1)");
+    return layout;
+}
 
 XmlDBMListType::XmlDBMListType()
-    : XmlListType(shape)
+    : XmlListType(layout())
 {}
 
 } // namespace KelXml

@@ -17,6 +17,9 @@ public:
     const QList<XmlDBMType*>& dBmList() const { return members(); }
     /// Replaces the members with copies; the given objects stay the caller's.
     void setDBMList(const QList<XmlDBMType*>& list) { setMembers(list); }
+
+private:
+    static const XmlLayout& layout();
 };
 
 } // namespace KelXml

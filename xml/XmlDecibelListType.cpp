@@ -6,13 +6,15 @@ namespace KelXml {
 
 template class XmlListType<XmlDecibelType>;
 
-namespace {
-const XmlListShape shape{QStringLiteral("XmlDecibelListType"), QStringLiteral("Decibel"),
-                         QStringLiteral("Too few pairs (min. 1)")};
-} // namespace
+const XmlLayout& XmlDecibelListType::layout()
+{
+    static const XmlLayout layout =
+        layoutOf("XmlDecibelListType", "Decibel", "Too few pairs (min. 1)");
+    return layout;
+}
 
 XmlDecibelListType::XmlDecibelListType()
-    : XmlListType(shape)
+    : XmlListType(layout())
 {}
 
 } // namespace KelXml

@@ -17,6 +17,9 @@ public:
     const QList<XmlDecibelType*>& decibelList() const { return members(); }
     /// Replaces the members with copies; the given objects stay the caller's.
     void setDecibelList(const QList<XmlDecibelType*>& list) { setMembers(list); }
+
+private:
+    static const XmlLayout& layout();
 };
 
 } // namespace KelXml

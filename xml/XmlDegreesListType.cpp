@@ -6,13 +6,15 @@ namespace KelXml {
 
 template class XmlListType<XmlDegreesType>;
 
-namespace {
-const XmlListShape shape{QStringLiteral("XmlDegreesListType"), QStringLiteral("Degrees"),
-                         QStringLiteral("Too few pairs (min. 1)")};
-} // namespace
+const XmlLayout& XmlDegreesListType::layout()
+{
+    static const XmlLayout layout =
+        layoutOf("XmlDegreesListType", "Degrees", "Too few pairs (min. 1)");
+    return layout;
+}
 
 XmlDegreesListType::XmlDegreesListType()
-    : XmlListType(shape)
+    : XmlListType(layout())
 {}
 
 } // namespace KelXml

@@ -17,6 +17,9 @@ public:
     const QList<XmlDegreesType*>& degreeList() const { return members(); }
     /// Replaces the members with copies; the given objects stay the caller's.
     void setDegreesList(const QList<XmlDegreesType*>& list) { setMembers(list); }
+
+private:
+    static const XmlLayout& layout();
 };
 
 } // namespace KelXml

@@ -59,6 +59,25 @@ QStringView XmlElementReader::attribute(const QString& name) const
     return QStringView();
 }
 
+QStringView XmlElementReader::attributeIn(const QXmlStreamAttributes& attributes, QStringView name)
+{
+    for (const QXmlStreamAttribute& each : attributes) {
+        if (XmlKit::sameName(each.qualifiedName(), name))
+            return each.value();
+    }
+    return QStringView();
+}
+
+QString XmlElementReader::missingAttributeMessage(const QString& name)
+{
+    return missingAttribute.arg(name);
+}
+
+QString XmlElementReader::illegalAttributeMessage(const QString& name)
+{
+    return illegalAttribute.arg(name);
+}
+
 void XmlElementReader::readVersion(XmlText& version) const
 {
     takeVersion(attribute(XmlKit::versionAttribute), version);
@@ -203,57 +222,6 @@ void XmlElementReader::otherToken(QXmlStreamReader::TokenType type)
     default: // comments, processing instructions, DTDs, entity references
         break;
     }
-}
-
-void XmlElementReader::readChildren(std::initializer_list<XmlChild> children,
-                                    const std::function<bool()>& complete)
-{
-    Q_ASSERT(children.size() <= 64);
-    struct Children : Tokens
-    {
-        XmlElementReader& in;
-        const XmlChild* children;
-        size_t count;
-        const std::function<bool()>& complete;
-        quint64 seen; // one bit per child
-        int last;
-
-        bool start(QStringView name)
-        {
-            for (size_t i = 0; i < count; ++i) {
-                const XmlChild& child = children[i];
-                if (!XmlKit::sameName(child.name(), name))
-                    continue;
-                const int index = int(i);
-                if (index < last || (index == last && !child.isRepeated()))
-                    return false;
-                if (!child.after().isNull() && !hasSeen(child.after()))
-                    return false;
-                child.read(in.m_reader);
-                seen |= quint64(1) << i;
-                last = index;
-                return true;
-            }
-            return false;
-        }
-        bool hasSeen(const QString& name) const
-        {
-            for (size_t i = 0; i < count; ++i) {
-                if (children[i].name() == name)
-                    return seen & (quint64(1) << i);
-            }
-            return false;
-        }
-        bool mayEnd()
-        {
-            for (size_t i = 0; i < count; ++i) {
-                if (children[i].isRequired() && !(seen & (quint64(1) << i)))
-                    return false;
-            }
-            return !complete || complete();
-        }
-    } tokens{{}, *this, children.begin(), children.size(), complete, 0, -1};
-    loop(tokens);
 }
 
 } // namespace KelXml

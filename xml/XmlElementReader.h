@@ -1,109 +1,21 @@
 #pragma once
 
 // The reading kit that the element classes share: the token loop with its
-// standard messages, start-tag and attribute handling, and child-order
-// bookkeeping. Internal to the library and not installed; its symbols are
-// exported for the library's tests.
+// standard messages, and start-tag and attribute handling. Internal to the
+// library and not installed; its symbols are exported for the library's
+// tests.
 
 #include "XmlElementBase.h"
 #include "XmlEnumTexts.h"
 #include "XmlKit.h"
-#include "XmlOwned.h"
 
 #include <QString>
 #include <QXmlStreamReader>
 
-#include <functional>
-#include <initializer_list>
 #include <optional>
 #include <type_traits>
 
 namespace KelXml {
-
-// One child element in a class's fixed order, with what reading it does.
-class XmlChild
-{
-public:
-    using Read = std::function<void(QXmlStreamReader& reader, const QString& name)>;
-
-    XmlChild(const QString& name, Read read)
-        : m_name(name)
-        , m_read(std::move(read))
-    {}
-
-    // A child object that is always there.
-    static XmlChild object(const QString& name, IXmlElement& child)
-    {
-        return XmlChild(name, [&child](QXmlStreamReader& reader, const QString& childName) {
-            child.processXml(reader, childName);
-        });
-    }
-    // A child object allocated with its defaults when it is first read.
-    template <class T>
-    static XmlChild created(const QString& name, XmlOwnedPtr<T>& child)
-    {
-        return XmlChild(name, [&child](QXmlStreamReader& reader, const QString& childName) {
-            child.ensure().processXml(reader, childName);
-        });
-    }
-    // A repeated child: each occurrence is appended to the list as a new
-    // member, which stays there even when its reading fails.
-    template <class T>
-    static XmlChild appended(const QString& name, XmlOwnedList<T>& list)
-    {
-        return XmlChild(name,
-                        [&list](QXmlStreamReader& reader, const QString& childName) {
-                            list.appendNew()->processXml(reader, childName);
-                        })
-            .repeated();
-    }
-    // A child holding plain text, taken whole with readElementText().
-    // Take is called with the text (const QString&); a small one, such as a
-    // lambda capturing one pointer, is held without allocation.
-    template <class Take>
-    static XmlChild text(const QString& name, Take take)
-    {
-        return XmlChild(name, [take](QXmlStreamReader& reader, const QString&) {
-            take(reader.readElementText());
-        });
-    }
-
-    // The element may end without this child.
-    XmlChild optional() const
-    {
-        XmlChild copy(*this);
-        copy.m_required = false;
-        return copy;
-    }
-    // The child may stand several times in a row.
-    XmlChild repeated() const
-    {
-        XmlChild copy(*this);
-        copy.m_repeated = true;
-        return copy;
-    }
-    // The child is taken only once the named child has been read.
-    XmlChild after(const QString& name) const
-    {
-        XmlChild copy(*this);
-        copy.m_after = name;
-        return copy;
-    }
-
-    const QString& name() const { return m_name; }
-    bool isRequired() const { return m_required; }
-    bool isRepeated() const { return m_repeated; }
-    // The child that must have been read first; null for none.
-    const QString& after() const { return m_after; }
-    void read(QXmlStreamReader& reader) const { m_read(reader, m_name); }
-
-private:
-    QString m_name;
-    Read m_read;
-    QString m_after;
-    bool m_required = true;
-    bool m_repeated = false;
-};
 
 // Reads one element for an element object: raises its located errors and runs
 // the token loop that every class shares.
@@ -183,6 +95,11 @@ public:
     // The value of an attribute of the current start tag; a null view when
     // absent. Valid until the next token is read.
     QStringView attribute(const QString& name) const;
+    // The same among the given attributes: the first of the name.
+    static QStringView attributeIn(const QXmlStreamAttributes& attributes, QStringView name);
+    // "Missing attribute: \"<name>\"" and "Illegal attribute value in \"<name>\"".
+    static QString missingAttributeMessage(const QString& name);
+    static QString illegalAttributeMessage(const QString& name);
     // Raises "Version not supported: <version>" for any version but "1.0".
     bool checkVersion(const QString& version);
 
@@ -197,9 +114,10 @@ public:
     int toInt(QStringView text, int fallback) { return parseInt(text).value_or(fallback); }
 
     // The token loop, up to and including the element's end tag, with the
-    // class's Tokens type: its members are called without indirection.
+    // class's Tokens type: its members are called without indirection. True
+    // when it ended at the element's own end tag, false after an error.
     template <class T>
-    void loop(T& tokens);
+    bool loop(T& tokens);
     // The loop of a text-valued element: every start tag is refused and each
     // piece of character data is handed to take(QStringView).
     template <class Take>
@@ -225,15 +143,6 @@ public:
                 fail(badValue);
         });
     }
-    // The loop of an element with children in a fixed order: a child is taken
-    // at most once (unless repeated), only while no later child has been read
-    // and, when it names one, only after the child it must follow; the own end tag ends the element
-    // once every required child has been read and the extra condition, if any, holds. The children
-    // stand in a list built in place (at most 64), so that reading an element allocates nothing for
-    // its table.
-    void readChildren(std::initializer_list<XmlChild> children,
-                      const std::function<bool()>& complete = {});
-
 private:
     // The loop's messages, out of its way.
     void refuseStart();
@@ -247,7 +156,7 @@ private:
 };
 
 template <class T>
-void XmlElementReader::loop(T& tokens)
+bool XmlElementReader::loop(T& tokens)
 {
     // Every error leaves the reader on an Invalid token, after which atEnd()
     // holds; only a premature end of input that may still grow leaves it
@@ -261,7 +170,7 @@ void XmlElementReader::loop(T& tokens)
             const QStringView name = m_reader.name();
             if (XmlKit::sameName(name, m_elementName)) {
                 if (tokens.mayEnd())
-                    return;
+                    return true;
                 refuseEnd(name);
             } else if (!tokens.passEnd(name)) {
                 refuseEnd(name);
@@ -273,9 +182,10 @@ void XmlElementReader::loop(T& tokens)
         } else {
             otherToken(type);
             if (type == QXmlStreamReader::Invalid)
-                return;
+                return false;
         }
     }
+    return false;
 }
 
 } // namespace KelXml

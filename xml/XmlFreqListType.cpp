@@ -6,13 +6,15 @@ namespace KelXml {
 
 template class XmlListType<XmlFreqType>;
 
-namespace {
-const XmlListShape shape{QStringLiteral("XmlFreqListType"), QStringLiteral("Frequency"),
-                         QStringLiteral("Too few frequencies (min. 1)")};
-} // namespace
+const XmlLayout& XmlFreqListType::layout()
+{
+    static const XmlLayout layout =
+        layoutOf("XmlFreqListType", "Frequency", "Too few frequencies (min. 1)");
+    return layout;
+}
 
 XmlFreqListType::XmlFreqListType()
-    : XmlListType(shape)
+    : XmlListType(layout())
 {}
 
 } // namespace KelXml

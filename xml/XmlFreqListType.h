@@ -17,6 +17,9 @@ public:
     const QList<XmlFreqType*>& freqList() const { return members(); }
     /// Replaces the members with copies; the given objects stay the caller's.
     void setFreqList(const QList<XmlFreqType*>& list) { setMembers(list); }
+
+private:
+    static const XmlLayout& layout();
 };
 
 } // namespace KelXml

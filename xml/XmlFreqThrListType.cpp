@@ -6,13 +6,15 @@ namespace KelXml {
 
 template class XmlListType<XmlFreqThrPairType>;
 
-namespace {
-const XmlListShape shape{QStringLiteral("XmlFreqThrListType"), QStringLiteral("Pair"),
-                         QStringLiteral("Too few pairs (min. 1)")};
-} // namespace
+const XmlLayout& XmlFreqThrListType::layout()
+{
+    static const XmlLayout layout =
+        layoutOf("XmlFreqThrListType", "Pair", "Too few pairs (min. 1)");
+    return layout;
+}
 
 XmlFreqThrListType::XmlFreqThrListType()
-    : XmlListType(shape)
+    : XmlListType(layout())
 {}
 
 } // namespace KelXml

@@ -17,6 +17,9 @@ public:
     const QList<XmlFreqThrPairType*>& freqThrPairs() const { return members(); }
     /// Replaces the members with copies; the given objects stay the caller's.
     void setFreqThrPairs(const QList<XmlFreqThrPairType*>& list) { setMembers(list); }
+
+private:
+    static const XmlLayout& layout();
 };
 
 } // namespace KelXml

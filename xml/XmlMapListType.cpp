@@ -6,13 +6,14 @@ namespace KelXml {
 
 template class XmlListType<XmlMapType>;
 
-namespace {
-const XmlListShape shape{QStringLiteral("XmlMapListType"), QStringLiteral("Map"),
-                         QStringLiteral("Too few mappings (min. 1)")};
-} // namespace
+const XmlLayout& XmlMapListType::layout()
+{
+    static const XmlLayout layout = layoutOf("XmlMapListType", "Map", "Too few mappings (min. 1)");
+    return layout;
+}
 
 XmlMapListType::XmlMapListType()
-    : XmlListType(shape)
+    : XmlListType(layout())
 {}
 
 } // namespace KelXml

@@ -17,6 +17,9 @@ public:
     const QList<XmlMapType*>& mapList() const { return members(); }
     /// Replaces the entries with copies; the given objects stay the caller's.
     void setMapList(const QList<XmlMapType*>& list) { setMembers(list); }
+
+private:
+    static const XmlLayout& layout();
 };
 
 } // namespace KelXml

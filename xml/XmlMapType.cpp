@@ -1,34 +1,33 @@
 #include "XmlMapType.h"
 
-#include "XmlElementReader.h"
 #include "XmlKit.h"
+#include "XmlLayout.h"
 
 namespace KelXml {
 
 namespace {
-// The name every message of the class carries.
-const QString typeName = QStringLiteral("XmlMapType");
 const QString keyElement = QStringLiteral("Key");
 const QString valueElement = QStringLiteral("Value");
 } // namespace
 
+// Both children are needed; a reset entry creates them again when read.
+const XmlLayout& XmlMapType::layout()
+{
+    using Self = XmlMapType;
+    static const XmlLayout layout("XmlMapType", XmlElementReader::ElementWording,
+                                  XmlLayout::CheckedVersion,
+                                  {
+                                      XmlField::optional("Key", &Self::m_key).required(),
+                                      XmlField::optional("Value", &Self::m_value).required(),
+                                  });
+    return layout;
+}
+
 XmlMapType::XmlMapType()
-    : XmlElementBase(PermanentName{&typeName})
+    : XmlVersionedComposite(layout())
     , m_key(XmlOwnedPtr<XmlKeyType>::make())
     , m_value(XmlOwnedPtr<XmlLengthType>::make())
-    , m_version(XmlKit::defaultVersionText)
 {}
-
-void XmlMapType::processXml(QXmlStreamReader& reader, const QString& elementName)
-{
-    XmlElementReader in(*this, reader, elementName, XmlElementReader::ElementWording);
-    if (!in.begin(m_version) || !in.checkVersion(m_version))
-        return;
-    in.readChildren({
-        XmlChild::created(keyElement, m_key),
-        XmlChild::created(valueElement, m_value),
-    });
-}
 
 void XmlMapType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
 {
@@ -49,24 +48,11 @@ bool XmlMapType::isValid() const
 
 void XmlMapType::checkContent(XmlChecks& checks) const
 {
-    checks.version(supportsVersion(), m_version);
+    checkVersion(checks);
     checks.child(m_key.get());
     // Only a reset entry lacks its value.
     checks.expect(bool(m_value), QStringLiteral("No value: the entry has been reset"));
     checks.child(m_value.get());
-}
-
-void XmlMapType::reset()
-{
-    m_key.reset();
-    m_value.reset();
-    m_version = XmlKit::defaultVersionText;
-    XmlElementBase::reset();
-}
-
-bool XmlMapType::supportsVersion() const
-{
-    return XmlKit::isSupportedVersion(m_version);
 }
 
 } // namespace KelXml

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "XmlElementBase.h"
+#include "XmlComposite.h"
 #include "XmlKeyType.h"
 #include "XmlLengthType.h"
 #include "XmlOwned.h"
@@ -17,15 +17,13 @@ namespace KelXml {
 /// an entry can still be read into (the children are created again), written
 /// (without children), checked (it is invalid) and copied.
 /// \ingroup values
-class KELXML_EXPORT XmlMapType : public XmlElementBase
+class KELXML_EXPORT XmlMapType : public XmlVersionedComposite
 {
 public:
     XmlMapType();
 
-    void processXml(QXmlStreamReader& reader, const QString& elementName) override;
     void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
     bool isValid() const override;
-    void reset() override;
 
     /// The key; null after reset() until the entry is read again.
     const XmlKeyType* key() const { return m_key.get(); }
@@ -35,18 +33,15 @@ public:
     const XmlLengthType* value() const { return m_value.get(); }
     /// Copies the length into the entry.
     void setValue(const XmlLengthType& value) { m_value.assign(value); }
-    QString version() const { return m_version; }
-    void setVersion(const QString& version) { m_version = version; }
 
 protected:
     void checkContent(XmlChecks& checks) const override;
 
 private:
-    bool supportsVersion() const;
+    static const XmlLayout& layout();
 
     XmlOwnedPtr<XmlKeyType> m_key;
     XmlOwnedPtr<XmlLengthType> m_value;
-    XmlText m_version;
 };
 
 } // namespace KelXml

@@ -1,18 +1,28 @@
 #include "XmlNameAllMultiType.h"
 
-#include "XmlElementReader.h"
+#include "XmlLayout.h"
 
 namespace KelXml {
 
-namespace {
-// The name every message of the class carries.
-const QString typeName = QStringLiteral("XmlNameAllMultiType");
-const QString allElement = QStringLiteral("All");
-const QString nameElement = QStringLiteral("Name");
-} // namespace
+// Reading starts on the next token, wherever the reader stands; the names
+// held are kept and the names read are appended. Either "All", which deletes
+// the names held and whose content is skipped, or any number of "Name".
+const XmlLayout& XmlNameAllMultiType::layout()
+{
+    using Self = XmlNameAllMultiType;
+    static const XmlLayout layout =
+        XmlLayout("XmlNameAllMultiType", XmlElementReader::ElementWording, XmlLayout::NoVersion,
+                  {
+                      XmlField::oneOf({XmlField::marker("All").writtenWhen(&Self::all),
+                                       XmlField::list("Name", &Self::m_names)},
+                                      ""),
+                  })
+            .withoutPositionTest();
+    return layout;
+}
 
 XmlNameAllMultiType::XmlNameAllMultiType()
-    : XmlElementBase(PermanentName{&typeName})
+    : XmlComposite(layout())
     , m_initialized(false)
 {}
 
@@ -30,50 +40,9 @@ void XmlNameAllMultiType::setObjNames(const QList<XmlObjNameType*>& names)
 
 void XmlNameAllMultiType::processXml(QXmlStreamReader& reader, const QString& elementName)
 {
-    // No position check and no attributes; the names held are kept and the
-    // names read are appended. Either "All" or any number of "Name".
-    XmlElementReader in(*this, reader, elementName, XmlElementReader::ElementWording);
-    struct Tokens : XmlElementReader::Tokens
-    {
-        XmlNameAllMultiType& self;
-        QXmlStreamReader& reader;
-        bool sawAll = false;
-        bool sawName = false;
-
-        bool start(QStringView name)
-        {
-            if (XmlKit::sameName(name, allElement) && !sawAll && !sawName) {
-                self.m_names.clear();
-                sawAll = true;
-                return true;
-            }
-            if (XmlKit::sameName(name, nameElement) && !sawAll) {
-                self.m_names.appendNew()->processXml(reader, nameElement);
-                sawName = true;
-                return true;
-            }
-            return false;
-        }
-        bool passEnd(QStringView name) { return XmlKit::sameName(name, allElement); }
-        bool mayEnd()
-        {
-            const bool chosen = sawAll || sawName;
-            if (chosen)
-                self.m_initialized = true;
-            return chosen;
-        }
-    } tokens{{}, *this, reader};
-    in.loop(tokens);
-}
-
-void XmlNameAllMultiType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
-{
-    writer.writeStartElement(elementName);
-    if (m_names.isEmpty())
-        writer.writeEmptyElement(allElement);
-    for (const XmlObjNameType* name : m_names.list())
-        name->produceXml(writer, nameElement);
-    writer.writeEndElement();
+    // A choice read to the end tag initializes the selection.
+    if (readElement(reader, elementName))
+        m_initialized = true;
 }
 
 void XmlNameAllMultiType::checkContent(XmlChecks& checks) const
@@ -85,8 +54,7 @@ void XmlNameAllMultiType::checkContent(XmlChecks& checks) const
 void XmlNameAllMultiType::reset()
 {
     m_initialized = false;
-    m_names.clear();
-    XmlElementBase::reset();
+    XmlComposite::reset();
 }
 
 } // namespace KelXml

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "XmlElementBase.h"
+#include "XmlComposite.h"
 #include "XmlObjNameType.h"
 #include "XmlOwned.h"
 
@@ -10,13 +10,12 @@ namespace KelXml {
 /// `<Sel><All/></Sel>` or `<Sel><Name>A</Name><Name>B</Name></Sel>`.
 /// No version. Reading appends the names read to those already held.
 /// \ingroup values
-class KELXML_EXPORT XmlNameAllMultiType : public XmlElementBase
+class KELXML_EXPORT XmlNameAllMultiType : public XmlComposite
 {
 public:
     XmlNameAllMultiType();
 
     void processXml(QXmlStreamReader& reader, const QString& elementName) override;
-    void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
     void reset() override;
 
     /// True when no name is held: all objects are selected, or nothing has been chosen yet.
@@ -31,6 +30,8 @@ protected:
     void checkContent(XmlChecks& checks) const override;
 
 private:
+    static const XmlLayout& layout();
+
     XmlOwnedList<XmlObjNameType> m_names;
     bool m_initialized;
 };

@@ -1,19 +1,29 @@
 #include "XmlNameAllType.h"
 
-#include "XmlElementReader.h"
+#include "XmlLayout.h"
 
 namespace KelXml {
 
-namespace {
-// The name every message of the class carries.
-const QString typeName = QStringLiteral("XmlNameAllType");
-const QString allElement = QStringLiteral("All");
-const QString nameElement = QStringLiteral("Name");
-const QString referenceElement = QStringLiteral("Reference");
-} // namespace
+// Reading starts on the next token, wherever the reader stands. Either "All"
+// or one "Name"; a "Reference" may stand anywhere and is skipped, and so is
+// the content of "All".
+const XmlLayout& XmlNameAllType::layout()
+{
+    using Self = XmlNameAllType;
+    static const XmlLayout layout =
+        XmlLayout("XmlNameAllType", XmlElementReader::ElementWording, XmlLayout::NoVersion,
+                  {
+                      XmlField::marker("Reference").anywhere().repeated(),
+                      XmlField::oneOf({XmlField::marker("All").writtenWhen(&Self::all),
+                                       XmlField::optional("Name", &Self::m_name)},
+                                      ""),
+                  })
+            .withoutPositionTest();
+    return layout;
+}
 
 XmlNameAllType::XmlNameAllType()
-    : XmlElementBase(PermanentName{&typeName})
+    : XmlComposite(layout())
     , m_initialized(false)
 {}
 
@@ -31,52 +41,9 @@ void XmlNameAllType::setObjName(const XmlObjNameType& name)
 
 void XmlNameAllType::processXml(QXmlStreamReader& reader, const QString& elementName)
 {
-    // No position check and no attributes. Either "All" or one "Name";
-    // a "Reference" may stand anywhere and is skipped.
-    XmlElementReader in(*this, reader, elementName, XmlElementReader::ElementWording);
-    struct Tokens : XmlElementReader::Tokens
-    {
-        XmlNameAllType& self;
-        QXmlStreamReader& reader;
-        bool chosen = false;
-
-        bool start(QStringView name)
-        {
-            if (XmlKit::sameName(name, referenceElement))
-                return true;
-            if (chosen)
-                return false;
-            if (XmlKit::sameName(name, allElement))
-                self.m_name.reset();
-            else if (XmlKit::sameName(name, nameElement))
-                self.m_name.ensure().processXml(reader, nameElement);
-            else
-                return false;
-            chosen = true;
-            return true;
-        }
-        bool passEnd(QStringView name)
-        {
-            return XmlKit::sameName(name, allElement) || XmlKit::sameName(name, referenceElement);
-        }
-        bool mayEnd()
-        {
-            if (chosen)
-                self.m_initialized = true;
-            return chosen;
-        }
-    } tokens{{}, *this, reader};
-    in.loop(tokens);
-}
-
-void XmlNameAllType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
-{
-    writer.writeStartElement(elementName);
-    if (m_name)
-        m_name->produceXml(writer, nameElement);
-    else
-        writer.writeEmptyElement(allElement);
-    writer.writeEndElement();
+    // A choice read to the end tag initializes the selection.
+    if (readElement(reader, elementName))
+        m_initialized = true;
 }
 
 void XmlNameAllType::checkContent(XmlChecks& checks) const
@@ -88,8 +55,7 @@ void XmlNameAllType::checkContent(XmlChecks& checks) const
 void XmlNameAllType::reset()
 {
     m_initialized = false;
-    m_name.reset();
-    XmlElementBase::reset();
+    XmlComposite::reset();
 }
 
 } // namespace KelXml

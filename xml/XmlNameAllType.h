@@ -1,6 +1,6 @@
 #pragma once
 
-#include "XmlElementBase.h"
+#include "XmlComposite.h"
 #include "XmlObjNameType.h"
 #include "XmlOwned.h"
 
@@ -11,13 +11,12 @@ namespace KelXml {
 /// No version. A new or reset selection is uninitialized, and then reports
 /// all() as true while being invalid.
 /// \ingroup values
-class KELXML_EXPORT XmlNameAllType : public XmlElementBase
+class KELXML_EXPORT XmlNameAllType : public XmlComposite
 {
 public:
     XmlNameAllType();
 
     void processXml(QXmlStreamReader& reader, const QString& elementName) override;
-    void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
     void reset() override;
 
     /// True when no name is held: all objects are selected, or nothing has been chosen yet.
@@ -34,6 +33,8 @@ protected:
     void checkContent(XmlChecks& checks) const override;
 
 private:
+    static const XmlLayout& layout();
+
     XmlOwnedPtr<XmlObjNameType> m_name;
     bool m_initialized;
 };

@@ -1,45 +1,29 @@
 #include "XmlNumCoordType.h"
 
-#include "XmlElementReader.h"
-#include "XmlKit.h"
-
-#include <QXmlStreamAttributes>
+#include "XmlLayout.h"
 
 namespace KelXml {
 
 namespace {
-const QString numberAttribute = QStringLiteral("number");
 const int unset = -9999;
 } // namespace
 
+const XmlLayout& XmlNumCoordType::layout()
+{
+    static const XmlLayout layout =
+        layoutWith({XmlAttribute::integer("number", &XmlNumCoordType::m_number)});
+    return layout;
+}
+
 XmlNumCoordType::XmlNumCoordType()
-    : m_number(unset)
+    : XmlCoordinateType(layout())
+    , m_number(unset)
 {}
 
-void XmlNumCoordType::processXml(QXmlStreamReader& reader, const QString& elementName)
-{
-    if (reader.tokenType() == QXmlStreamReader::StartElement) {
-        XmlElementReader in(*this, reader, elementName, XmlElementReader::NamedWording);
-        QString number;
-        if (in.readRequired(numberAttribute, number)) {
-            bool ok = false;
-            m_number = number.toInt(&ok, 10);
-            if (!ok)
-                in.fail(QStringLiteral("Illegal attribute value (must be numeric)"));
-        }
-    }
-    // The position check, the version and the children are the base's; after
-    // an error above the base reads nothing more.
-    XmlCoordinateType::processXml(reader, elementName);
-}
-
-void XmlNumCoordType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
-{
-    XmlKit::writeStartElement(writer, elementName, version());
-    writer.writeAttribute(numberAttribute, QString::number(m_number));
-    produceChildren(writer);
-    writer.writeEndElement();
-}
+XmlNumCoordType::XmlNumCoordType(const XmlNumCoordType& other)
+    : XmlCoordinateType(other, layout())
+    , m_number(other.m_number)
+{}
 
 void XmlNumCoordType::checkContent(XmlChecks& checks) const
 {

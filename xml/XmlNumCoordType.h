@@ -12,9 +12,9 @@ class KELXML_EXPORT XmlNumCoordType : public XmlCoordinateType
 {
 public:
     XmlNumCoordType();
+    XmlNumCoordType(const XmlNumCoordType& other);
+    XmlNumCoordType& operator=(const XmlNumCoordType& other) = default;
 
-    void processXml(QXmlStreamReader& reader, const QString& elementName) override;
-    void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
     void reset() override;
 
     /// The vertex or point number, valid from 0; -9999 until set.
@@ -25,6 +25,8 @@ protected:
     void checkContent(XmlChecks& checks) const override;
 
 private:
+    static const XmlLayout& layout();
+
     int m_number;
 };
 

@@ -4,11 +4,13 @@
 
 #include "KelXmlTest.h"
 
+#include <XmlComposite.h>
 #include <XmlDateTime.h>
 #include <XmlDecibelType.h>
 #include <XmlElementReader.h>
 #include <XmlFreqType.h>
 #include <XmlKit.h>
+#include <XmlLayout.h>
 #include <XmlObjNameType.h>
 
 #include <QtTest>
@@ -24,59 +26,29 @@ namespace {
 // <Example version="1.0"><Name/><Frequency/>[<Gain/>]...</Example>: three
 // ordered children, the frequency only after the name, the last optional and
 // repeatable.
-class XmlExampleType : public XmlElementBase
+class XmlExampleType : public XmlVersionedComposite
 {
 public:
     XmlExampleType()
-        : XmlElementBase(QStringLiteral("XmlExampleType"))
-        , m_name(XmlOwnedPtr<XmlObjNameType>::make())
-        , m_frequency(XmlOwnedPtr<XmlFreqType>::make())
-        , m_version(XmlKit::defaultVersionText)
+        : XmlVersionedComposite(layout())
     {}
 
-    void processXml(QXmlStreamReader& reader, const QString& elementName) override
+    static const XmlLayout& layout()
     {
-        XmlElementReader in(*this, reader, elementName, XmlElementReader::NamedWording);
-        if (!in.begin(m_version))
-            return;
-        in.readChildren({
-            XmlChild::object(QStringLiteral("Name"), *m_name),
-            XmlChild::object(QStringLiteral("Frequency"), *m_frequency)
-                .after(QStringLiteral("Name")),
-            XmlChild::appended(QStringLiteral("Gain"), m_gains).optional(),
-        });
-    }
-    void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override
-    {
-        XmlKit::writeStartElement(writer, elementName, m_version);
-        m_name->produceXml(writer, QStringLiteral("Name"));
-        m_frequency->produceXml(writer, QStringLiteral("Frequency"));
-        for (const XmlDecibelType* gain : m_gains.list())
-            gain->produceXml(writer, QStringLiteral("Gain"));
-        writer.writeEndElement();
-    }
-    void reset() override
-    {
-        m_name->reset();
-        m_frequency->reset();
-        m_gains.clear();
-        m_version = XmlKit::defaultVersionText;
-        XmlElementBase::reset();
+        using Self = XmlExampleType;
+        static const XmlLayout layout(
+            "XmlExampleType", XmlElementReader::NamedWording, XmlLayout::Version,
+            {
+                XmlField::object("Name", &Self::m_name),
+                XmlField::object("Frequency", &Self::m_frequency).after({"Name"}),
+                XmlField::list("Gain", &Self::m_gains),
+            });
+        return layout;
     }
 
-    XmlOwnedPtr<XmlObjNameType> m_name;
-    XmlOwnedPtr<XmlFreqType> m_frequency;
+    XmlObjNameType m_name;
+    XmlFreqType m_frequency;
     XmlOwnedList<XmlDecibelType> m_gains;
-    XmlText m_version;
-
-protected:
-    void checkContent(XmlChecks& checks) const override
-    {
-        checks.version(XmlKit::isSupportedVersion(m_version), m_version);
-        checks.child(m_name.get());
-        checks.child(m_frequency.get());
-        checks.children(m_gains.list());
-    }
 };
 
 const QString name = QStringLiteral("<Name>A</Name>");
@@ -139,7 +111,7 @@ private slots:
         QCOMPARE(KelXmlTest::read(element, example(name + frequency + gain)), QString());
         QVERIFY(element.isValid());
         QCOMPARE(element.syntaxError(), QString());
-        element.m_name->setObjName(QString());
+        element.m_name.setObjName(QString());
         QVERIFY(!element.isValid());
         QCOMPARE(element.syntaxError(),
                  KelXmlTest::block(

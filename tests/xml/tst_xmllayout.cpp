@@ -14,6 +14,7 @@
 #include <XmlParamSet.h>
 #include <XmlParams.h>
 
+#include <QDateTime>
 #include <QtTest>
 
 using namespace KelXml;
@@ -86,6 +87,118 @@ public:
     using XmlParamSet::set;
     using XmlParamSet::value;
     using XmlParamSet::within;
+};
+
+const XmlEnumTexts modes = XmlEnumTexts::numbered({"Slow", "Fast"});
+
+// Attributes and converted texts:
+// <V mode=".." final=".." count=".." at=".." unit=".."><Label/><Ratio/><Count/><Kind/><When/></V>,
+// each text optional, in that order.
+class XmlValuesType : public XmlComposite
+{
+public:
+    XmlValuesType()
+        : XmlComposite(layout())
+    {}
+
+    static const XmlLayout& layout()
+    {
+        using S = XmlValuesType;
+        static const XmlLayout layout(
+            "XmlValuesType", XmlElementReader::NamedWording, XmlLayout::NoVersion,
+            {
+                XmlAttribute::enumeration("mode", &S::mode, modes),
+                XmlAttribute::boolean("final", &S::final),
+                XmlAttribute::integer("count", &S::count),
+                XmlAttribute::dateTime("at", &S::setAt, &S::at),
+                XmlAttribute::text("unit", &S::unit, "No unit"),
+                XmlField::text("Label", &S::label).notRequired(),
+                XmlField::number("Ratio", &S::ratio, 'f', 2).notRequired(),
+                XmlField::number("Number", &S::number, -1, "Illegal number").notRequired(),
+                XmlField::enumeration("Kind", &S::kind, modes, "Illegal kind").notRequired(),
+                XmlField::dateTime("When", &S::when, "Illegal when").notRequired(),
+            });
+        return layout;
+    }
+    void setAt(const QDateTime& time)
+    {
+        atSet = true;
+        atValue = time;
+    }
+    const QDateTime& at() const { return atValue; }
+
+    int mode = 0;
+    bool final = true;
+    int count = -5;
+    bool atSet = false;
+    QDateTime atValue;
+    XmlText unit;
+    QString label;
+    double ratio = -1.0;
+    int number = 0;
+    int kind = 0;
+    QDateTime when;
+};
+
+// The rows read in the element's own loop:
+// <N>[<Skip>..</Skip>]* <Note>text</Note> [<Block><Size/>[<Tag/>]</Block>] (<None/> | <Item/>*)
+// with any number of <Ping/> anywhere, each counted when it closes, and no
+// number between the children.
+class XmlNestedType : public XmlComposite
+{
+public:
+    XmlNestedType()
+        : XmlComposite(layout())
+    {}
+
+    static const XmlLayout& layout()
+    {
+        using S = XmlNestedType;
+        static const XmlLayout layout =
+            XmlLayout("XmlNestedType", XmlElementReader::NamedWording, XmlLayout::NoVersion,
+                      {
+                          XmlField::marker("Skip").anywhere().repeated(),
+                          XmlField::wrapper("Ping", {})
+                              .anywhere()
+                              .repeated()
+                              .notRequired()
+                              .notWritten()
+                              .afterRead(&S::ping),
+                          XmlField::characters("Note", &S::takeNote, &S::giveNote),
+                          XmlField::wrapper("Block",
+                                            {XmlField::number("Size", &S::size, -1, "Illegal size"),
+                                             XmlField::text("Tag", &S::tag).notRequired()})
+                              .after({"Note"})
+                              .notRequired()
+                              .writtenWhen(&S::hasBlock),
+                          XmlField::oneOf({XmlField::marker("None").writtenWhen(&S::none),
+                                           XmlField::list("Item", &S::items)},
+                                          "Neither None nor Item"),
+                      })
+                .onText(&S::stray);
+        return layout;
+    }
+    // Only text marks the note as read.
+    static bool takeNote(XmlNestedType& self, QStringView text)
+    {
+        self.note = text.toString();
+        return !text.trimmed().isEmpty();
+    }
+    static QString giveNote(const XmlNestedType& self) { return self.note; }
+    static void ping(XmlNestedType& self) { ++self.pings; }
+    static void stray(XmlNestedType&, XmlElementReader& in, QStringView text)
+    {
+        if (text.trimmed() == QLatin1String("!"))
+            in.fail(QStringLiteral("Stray text"));
+    }
+    bool hasBlock() const { return size >= 0; }
+    bool none() const { return items.isEmpty(); }
+
+    QString note;
+    int size = -1;
+    QString tag;
+    XmlOwnedList<XmlObjNameType> items;
+    int pings = 0;
 };
 
 const QString name = QStringLiteral("<Name>A</Name>");
@@ -226,6 +339,226 @@ private slots:
         QVERIFY(!set.within(0, 0.126, 1.0));
         set.set(0, qQNaN());
         QVERIFY(set.within(0, 0.0, 1.0)); // NaN is neither below nor above
+    }
+
+    // Every attribute is read, refused or not; the first refusal is the one
+    // reported, and a refused value is set as each kind sets it.
+    void attributeRows_data()
+    {
+        QTest::addColumn<QString>("attributes");
+        QTest::addColumn<QString>("error");
+        QTest::addColumn<int>("mode");
+        QTest::addColumn<bool>("final");
+        QTest::addColumn<int>("count");
+        QTest::addColumn<QString>("unit");
+        const QString good =
+            QStringLiteral("mode=\"Fast\" final=\"tRUE\" count=\"3\" at=\"2021-03-04T05:06:07\" "
+                           "unit=\"m\"");
+        QTest::newRow("all given") << good << QString() << 2 << true << 3 << "m";
+        QTest::newRow("false as 0")
+            << QString(good).replace("tRUE", "0") << QString() << 2 << false << 3 << "m";
+        QTest::newRow("enumeration absent")
+            << QString(good).remove("mode=\"Fast\" ") << "Illegal attribute value in \"mode\"" << 0
+            << true << 3 << "m";
+        QTest::newRow("enumeration in another case")
+            << QString(good).replace("Fast", "fast") << "Illegal attribute value in \"mode\"" << 0
+            << true << 3 << "m";
+        QTest::newRow("boolean refused, kept")
+            << QString(good).replace("tRUE", "yes") << "Illegal attribute value in \"final\"" << 2
+            << true << 3 << "m";
+        QTest::newRow("integer absent, kept")
+            << QString(good).remove("count=\"3\" ") << "Missing attribute: \"count\"" << 2 << true
+            << -5 << "m";
+        QTest::newRow("integer no number")
+            << QString(good).replace("\"3\"", "\"3x\"")
+            << "Illegal attribute value (must be numeric)" << 2 << true << 0 << "m";
+        QTest::newRow("date-time refused")
+            << QString(good).replace("2021-03-04", "2021-13-04")
+            << "Illegal attribute value in \"at\"" << 2 << true << 3 << "m";
+        QTest::newRow("text empty, own message")
+            << QString(good).replace("\"m\"", "\"\"") << "No unit" << 2 << true << 3 << "";
+        QTest::newRow("first refusal reported")
+            << QString(good).replace("Fast", "x").replace("\"3\"", "\"y\"")
+            << "Illegal attribute value in \"mode\"" << 0 << true << 0 << "m";
+    }
+    void attributeRows()
+    {
+        QFETCH(QString, attributes);
+        QFETCH(QString, error);
+        QFETCH(int, mode);
+        QFETCH(bool, final);
+        QFETCH(int, count);
+        QFETCH(QString, unit);
+        XmlValuesType element;
+        const QString read = KelXmlTest::read(element, "<V " + attributes + "/>");
+        QVERIFY2(error.isEmpty() ? read.isEmpty() : read.endsWith("): " + error + "."),
+                 qPrintable(read));
+        QCOMPARE(element.mode, mode);
+        QCOMPARE(element.final, final);
+        QCOMPARE(element.count, count);
+        QVERIFY(element.atSet); // the setter takes an invalid date-time too
+        QCOMPARE(element.atValue.isValid(), !attributes.contains("2021-13"));
+        QCOMPARE(element.unit.toString(), unit);
+    }
+
+    // Texts converted on reading: a refused one fails with the row's message
+    // and leaves the value its kind gives.
+    void textRows_data()
+    {
+        QTest::addColumn<QString>("children");
+        QTest::addColumn<QString>("error");
+        QTest::addColumn<double>("ratio");
+        QTest::addColumn<int>("number");
+        QTest::addColumn<int>("kind");
+        QTest::newRow("all taken") << "<Label> a </Label><Ratio>0.5</Ratio><Number>7</Number>"
+                                      "<Kind>Slow</Kind><When>2021-03-04T05:06:07</When>"
+                                   << QString() << 0.5 << 7 << 1;
+        QTest::newRow("a ratio that is no number gives 0")
+            << "<Ratio>x</Ratio>" << QString() << 0.0 << 0 << 0;
+        QTest::newRow("number refused takes the fallback") << "<Number>7.5</Number>"
+                                                           << "Illegal number" << -1.0 << -1 << 0;
+        QTest::newRow("kind refused gives 0") << "<Kind>UNDEFINED</Kind>"
+                                              << "Illegal kind" << -1.0 << 0 << 0;
+        QTest::newRow("date-time refused") << "<When>today</When>"
+                                           << "Illegal when" << -1.0 << 0 << 0;
+        QTest::newRow("order") << "<Kind>Fast</Kind><Ratio>1</Ratio>"
+                               << "Unexpected token \"StartElement\": Ratio" << -1.0 << 0 << 2;
+    }
+    void textRows()
+    {
+        QFETCH(QString, children);
+        QFETCH(QString, error);
+        QFETCH(double, ratio);
+        QFETCH(int, number);
+        QFETCH(int, kind);
+        XmlValuesType element;
+        const QString read = KelXmlTest::read(
+            element, "<V mode=\"Slow\" final=\"1\" count=\"1\" at=\"2021-03-04T05:06:07\" "
+                     "unit=\"m\">" +
+                         children + "</V>");
+        QVERIFY2(error.isEmpty() ? read.isEmpty() : read.endsWith("): " + error + "."),
+                 qPrintable(read));
+        QCOMPARE(element.ratio, ratio);
+        QCOMPARE(element.number, number);
+        QCOMPARE(element.kind, kind);
+        if (children.contains("<When>2021"))
+            QCOMPARE(element.when, QDateTime(QDate(2021, 3, 4), QTime(5, 6, 7)));
+        if (children.contains("<Label>"))
+            QCOMPARE(element.label, QStringLiteral(" a "));
+    }
+
+    // Attributes are written after the version, in table order, the texts
+    // in each row's format.
+    void valuesWritten()
+    {
+        XmlValuesType element;
+        element.mode = 3; // outside the texts
+        element.final = false;
+        element.atValue = QDateTime(QDate(2021, 3, 4), QTime(5, 6, 7));
+        element.unit = QStringLiteral("m");
+        element.ratio = 0.125;
+        element.number = 4;
+        element.kind = 2;
+        QCOMPARE(KelXmlTest::write(element, "V"),
+                 QStringLiteral("<V mode=\"UNDEFINED\" final=\"false\" count=\"-5\" "
+                                "at=\"2021-03-04T05:06:07\" unit=\"m\"><Label></Label>"
+                                "<Ratio>0.13</Ratio><Number>4</Number><Kind>Fast</Kind>"
+                                "<When></When></V>"));
+    }
+
+    // Markers, wrappers and texts read in the element's own loop.
+    void loopRows_data()
+    {
+        QTest::addColumn<QString>("children");
+        QTest::addColumn<QString>("error");
+        QTest::addColumn<int>("size");
+        QTest::addColumn<int>("items");
+        const QString note = QStringLiteral("<Note>n</Note>");
+        const QString block = QStringLiteral("<Block><Size>2</Size></Block>");
+        QTest::newRow("minimal") << note + "<None/>" << QString() << -1 << 0;
+        QTest::newRow("items repeat")
+            << note + "<Item>a</Item><Item>b</Item>" << QString() << -1 << 2;
+        QTest::newRow("no choice after the items")
+            << note + "<Item>a</Item><None/>"
+            << "Unexpected token \"StartElement\": None" << -1 << 1;
+        QTest::newRow("no items after the choice")
+            << note + "<None/><Item>a</Item>"
+            << "Unexpected token \"StartElement\": Item" << -1 << 0;
+        QTest::newRow("a marker's content is the element's")
+            << "<Skip>x<Skip/></Skip>" + note + "<None><Ping/></None>" << QString() << -1 << 0;
+        QTest::newRow("a note of whitespace is no note")
+            << "<Note> </Note>" + block << "Unexpected token \"StartElement\": Block" << -1 << 0;
+        QTest::newRow("the note again after an empty one")
+            << "<Note></Note>" + note + "<None/>" << QString() << -1 << 0;
+        QTest::newRow("no element in a note")
+            << "<Note>n<Skip/></Note>"
+            << "Unexpected token \"StartElement\": Skip" << -1 << 0;
+        QTest::newRow("a wrapper's rows only inside it")
+            << note + "<Size>2</Size>"
+            << "Unexpected token \"StartElement\": Size" << -1 << 0;
+        QTest::newRow("a wrapper closes with its rows")
+            << note + "<Block></Block>"
+            << "Unexpected token \"EndElement\": Block" << -1 << 0;
+        QTest::newRow("the element's rows inside a wrapper")
+            << note + "<Block><Item>a</Item><Size>2</Size></Block>" << QString() << 2 << 1;
+        QTest::newRow("a wrapper opens again while open, closes once")
+            << note + "<Block><Block><Size>2</Size></Block></Block>"
+            << "Unexpected token \"EndElement\": Block" << 2 << 0;
+        QTest::newRow("a closed wrapper is read")
+            << note + block + block + "<None/>"
+            << "Unexpected token \"StartElement\": Block" << 2 << 0;
+        QTest::newRow("a wrapper's row refused") << note + "<Block><Size>x</Size></Block>"
+                                                 << "Illegal size" << -1 << 0;
+        QTest::newRow("a number between the children") << note + " ! <None/>"
+                                                       << "Stray text" << -1 << 0;
+        QTest::newRow("the choice needed")
+            << note << "Unexpected token \"EndElement\": N" << -1 << 0;
+    }
+    void loopRows()
+    {
+        QFETCH(QString, children);
+        QFETCH(QString, error);
+        QFETCH(int, size);
+        QFETCH(int, items);
+        XmlNestedType element;
+        const QString read = KelXmlTest::read(element, "<N>" + children + "</N>");
+        QVERIFY2(error.isEmpty() ? read.isEmpty() : read.endsWith("): " + error + "."),
+                 qPrintable(read));
+        QCOMPARE(element.size, size);
+        QCOMPARE(element.items.size(), items);
+    }
+
+    // A repeated wrapper needs one end tag per start tag and counts each; the
+    // element's own end tag comes first, also inside a row of the same name.
+    void repeatedWrapperAndOwnName()
+    {
+        XmlNestedType element;
+        QCOMPARE(KelXmlTest::read(element, "<N><Ping><Ping/></Ping><Note>n</Note><None/></N>"),
+                 QString());
+        QCOMPARE(element.pings, 2);
+
+        XmlNestedType named;
+        // The inner end tag is the element's own, which may not end yet.
+        QVERIFY(KelXmlTest::read(named, "<Block><Note>n</Note><Block><Size>2</Size></Block>"
+                                        "<None/></Block>")
+                    .endsWith(": Unexpected token \"EndElement\": Block."));
+        QCOMPARE(named.size, 2);
+    }
+
+    // Written as read: the note, the wrapper while it holds something, the
+    // marker for an empty choice; the repeated wrapper is never written.
+    void loopRowsWritten()
+    {
+        XmlNestedType element;
+        element.note = QStringLiteral("n");
+        QCOMPARE(KelXmlTest::write(element, "N"), QStringLiteral("<N><Note>n</Note><None/></N>"));
+        element.size = 2;
+        element.items.appendNew()->setObjName(QStringLiteral("a"));
+        QCOMPARE(KelXmlTest::write(element, "N"),
+                 QStringLiteral("<N><Note>n</Note><Block><Size>2</Size><Tag></Tag></Block>"
+                                "<Item>a</Item></N>"));
+        element.reset();
+        QVERIFY(element.items.isEmpty());
     }
 
     void enumerationTexts()

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "XmlElementBase.h"
+#include "XmlComposite.h"
 #include "XmlOrderDef.h"
 #include "XmlOwned.h"
 #include "XmlReferenceType.h"
@@ -13,7 +13,7 @@ namespace KelXml {
 /// element closes; the reference may stand anywhere and any number of times.
 /// The order definition is handed in by the message and never written.
 /// \ingroup commands
-class KELXML_EXPORT XmlCmdAdmin : public XmlElementBase
+class KELXML_EXPORT XmlCmdAdmin : public XmlComposite
 {
 public:
     enum AdminCmd : qint32
@@ -24,8 +24,6 @@ public:
 
     XmlCmdAdmin();
 
-    void processXml(QXmlStreamReader& reader, const QString& elementName) override;
-    void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
     void reset() override;
 
     /// Set by reading only: AdminCmdQueryVersion once a QueryVersion element has closed.
@@ -45,6 +43,10 @@ protected:
     void checkContent(XmlChecks& checks) const override;
 
 private:
+    static const XmlLayout& layout();
+    static void queryVersion(XmlCmdAdmin& self);
+    bool queriesVersion() const;
+
     AdminCmd m_adminCmd = AdminCmdNone;
     XmlOwnedPtr<XmlOrderDef> m_orderDef;
     XmlReferenceType m_cmdReference;

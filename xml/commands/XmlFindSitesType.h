@@ -1,6 +1,6 @@
 #pragma once
 
-#include "XmlElementBase.h"
+#include "XmlComposite.h"
 #include "XmlNameAllMultiType.h"
 #include "XmlOwned.h"
 #include "XmlResultGridType.h"
@@ -14,7 +14,7 @@ namespace KelXml {
 /// `<DeploymentAreas/>[<ResultGrid/>]</FindPossibleSites>`.
 /// No version. A count of -1 means no random emitters.
 /// \ingroup commands
-class KELXML_EXPORT XmlFindSitesType : public XmlElementBase
+class KELXML_EXPORT XmlFindSitesType : public XmlComposite
 {
 public:
     enum Distribution
@@ -26,8 +26,6 @@ public:
 
     XmlFindSitesType();
 
-    void processXml(QXmlStreamReader& reader, const QString& elementName) override;
-    void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
     void reset() override;
 
     bool hasKnownEmitters() const { return bool(m_knownEmitters); }
@@ -53,6 +51,8 @@ protected:
     void checkContent(XmlChecks& checks) const override;
 
 private:
+    static const XmlLayout& layout();
+
     XmlOwnedPtr<XmlNameAllMultiType> m_knownEmitters;
     int m_randNumber;
     Distribution m_randDistri;

@@ -1,50 +1,52 @@
 #include "XmlInterlinkPlanningType.h"
 
-#include "XmlElementReader.h"
+#include "XmlLayout.h"
 
 namespace KelXml {
 
 namespace {
-// The name every message of the class carries.
-const QString typeName = QStringLiteral("XmlInterlinkPlanningType");
-const QString firstNameElement = QStringLiteral("FirstName");
-const QString secondNameElement = QStringLiteral("SecondName");
 const int maxNameLength = 128;
+
+// An over-long name is refused and leaves the name held as it was.
+bool takeName(QString& field, const QString& text)
+{
+    if (text.size() > maxNameLength)
+        return false;
+    field = text;
+    return true;
+}
 } // namespace
 
-XmlInterlinkPlanningType::XmlInterlinkPlanningType()
-    : XmlElementBase(PermanentName{&typeName})
-{}
-
-void XmlInterlinkPlanningType::processXml(QXmlStreamReader& reader, const QString& elementName)
+// Reading starts on the next token, wherever the reader stands. FirstName
+// comes first, SecondName only after it.
+const XmlLayout& XmlInterlinkPlanningType::layout()
 {
-    // No position check. FirstName comes first, SecondName only after it. An
-    // over-long name raises an error and leaves the name held as it was.
-    XmlElementReader in(*this, reader, elementName, XmlElementReader::NamedWording);
-    const auto name = [&in](QString& field, const QString& tooLong) {
-        return [&in, &field, tooLong](const QString& text) {
-            if (text.size() > maxNameLength)
-                in.fail(tooLong);
-            else
-                field = text;
-        };
-    };
-    in.readChildren({
-        XmlChild::text(firstNameElement,
-                       name(m_firstName, QStringLiteral("FirstName too long (max. 128)"))),
-        XmlChild::text(secondNameElement,
-                       name(m_secondName, QStringLiteral("SecondName too long (max. 128)")))
-            .after(firstNameElement),
-    });
+    using Self = XmlInterlinkPlanningType;
+    static const XmlLayout layout =
+        XmlLayout("XmlInterlinkPlanningType", XmlElementReader::NamedWording, XmlLayout::NoVersion,
+                  {
+                      XmlField::text("FirstName", &Self::takeFirstName, &Self::firstName)
+                          .failsWith("FirstName too long (max. 128)"),
+                      XmlField::text("SecondName", &Self::takeSecondName, &Self::secondName)
+                          .after({"FirstName"})
+                          .failsWith("SecondName too long (max. 128)"),
+                  })
+            .withoutPositionTest();
+    return layout;
 }
 
-void XmlInterlinkPlanningType::produceXml(QXmlStreamWriter& writer,
-                                          const QString& elementName) const
+XmlInterlinkPlanningType::XmlInterlinkPlanningType()
+    : XmlComposite(layout())
+{}
+
+bool XmlInterlinkPlanningType::takeFirstName(const QString& name)
 {
-    writer.writeStartElement(elementName);
-    writer.writeTextElement(firstNameElement, m_firstName);
-    writer.writeTextElement(secondNameElement, m_secondName);
-    writer.writeEndElement();
+    return takeName(m_firstName, name);
+}
+
+bool XmlInterlinkPlanningType::takeSecondName(const QString& name)
+{
+    return takeName(m_secondName, name);
 }
 
 void XmlInterlinkPlanningType::checkContent(XmlChecks& checks) const
@@ -57,7 +59,7 @@ void XmlInterlinkPlanningType::reset()
 {
     m_firstName.clear();
     m_secondName.clear();
-    XmlElementBase::reset();
+    XmlComposite::reset();
 }
 
 } // namespace KelXml

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "XmlElementBase.h"
+#include "XmlComposite.h"
 
 namespace KelXml {
 
@@ -9,13 +9,11 @@ namespace KelXml {
 /// No version. A name longer than 128 characters stops the reading and is not
 /// taken.
 /// \ingroup commands
-class KELXML_EXPORT XmlInterlinkPlanningType : public XmlElementBase
+class KELXML_EXPORT XmlInterlinkPlanningType : public XmlComposite
 {
 public:
     XmlInterlinkPlanningType();
 
-    void processXml(QXmlStreamReader& reader, const QString& elementName) override;
-    void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
     void reset() override;
 
     /// The name of the first station, 1 to 128 characters.
@@ -29,6 +27,10 @@ protected:
     void checkContent(XmlChecks& checks) const override;
 
 private:
+    static const XmlLayout& layout();
+    bool takeFirstName(const QString& name);
+    bool takeSecondName(const QString& name);
+
     QString m_firstName;
     QString m_secondName;
 };

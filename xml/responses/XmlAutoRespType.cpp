@@ -1,14 +1,12 @@
 #include "XmlAutoRespType.h"
 
 #include "XmlDateTime.h"
-#include "XmlElementReader.h"
 #include "XmlEnumTexts.h"
+#include "XmlLayout.h"
 
 namespace KelXml {
 
 namespace {
-// The name every message of the class carries.
-const QString typeName = QStringLiteral("XmlAutoRespType");
 const QString statusAttribute = QStringLiteral("status");
 const QString referenceElement = QStringLiteral("CommandReference");
 const QString errorMessageElement = QStringLiteral("ErrorMessage");
@@ -22,67 +20,33 @@ const XmlEnumTexts statusTexts({{XmlAutoRespType::Fault, "fault"}, {XmlAutoRespT
 
 } // namespace
 
+// The reference, then one content item; the reference is refused after the
+// content, and the element ends only once both were read. Reading leaves the
+// content items it does not meet as they were.
+const XmlLayout& XmlAutoRespType::layout()
+{
+    using Self = XmlAutoRespType;
+    static const XmlLayout layout(
+        "XmlAutoRespType", XmlElementReader::NamedWording, XmlLayout::NoVersion,
+        {
+            XmlAttribute::enumeration("status", &Self::m_status, statusTexts),
+            XmlField::object("CommandReference", &Self::m_reference),
+            XmlField::single(
+                {XmlField::text("ErrorMessage", &Self::m_errorMessage),
+                 XmlField::dateTime("EstimatedTime", &Self::m_estimatedTime,
+                                    "Illegal dateTime format"),
+                 XmlField::text("KelVersion", &Self::m_kelVersion),
+                 XmlField::optional("GridResult", &Self::m_gridResult).replaced(),
+                 XmlField::optional("InterlinkResult", &Self::m_interlinkResult).replaced()},
+                ""),
+        });
+    return layout;
+}
+
 XmlAutoRespType::XmlAutoRespType()
-    : XmlElementBase(PermanentName{&typeName})
+    : XmlComposite(layout())
     , m_status(StatusUndefined)
 {}
-
-void XmlAutoRespType::processXml(QXmlStreamReader& reader, const QString& elementName)
-{
-    XmlElementReader in(*this, reader, elementName, XmlElementReader::NamedWording);
-    if (!in.atStartTag())
-        return;
-    m_status = RespStatus(in.readEnumAttribute(statusAttribute, statusTexts));
-
-    struct Tokens : XmlElementReader::Tokens
-    {
-        XmlAutoRespType& self;
-        QXmlStreamReader& reader;
-        XmlElementReader& in;
-        // The reference, then one content child; the reference is refused after
-        // the content, and the element ends only once both were read.
-        bool referenceRead = false;
-        bool contentRead = false;
-
-        bool readContent(QStringView name)
-        {
-            if (XmlKit::sameName(name, errorMessageElement)) {
-                self.m_errorMessage = reader.readElementText();
-            } else if (XmlKit::sameName(name, estimatedTimeElement)) {
-                self.m_estimatedTime = XmlKit::parseDateTime(reader.readElementText());
-                if (!self.m_estimatedTime.isValid())
-                    in.fail(QStringLiteral("Illegal dateTime format"));
-            } else if (XmlKit::sameName(name, kelVersionElement)) {
-                self.m_kelVersion = reader.readElementText();
-            } else if (XmlKit::sameName(name, gridResultElement)) {
-                self.m_gridResult = XmlOwnedPtr<XmlGridResultType>::make();
-                self.m_gridResult->processXml(reader, gridResultElement);
-            } else if (XmlKit::sameName(name, interlinkResultElement)) {
-                self.m_interlinkResult = XmlOwnedPtr<XmlInterlinkResultType>::make();
-                self.m_interlinkResult->processXml(reader, interlinkResultElement);
-            } else {
-                return false;
-            }
-            return true;
-        }
-        bool start(QStringView name)
-        {
-            if (contentRead)
-                return false;
-            if (XmlKit::sameName(name, referenceElement)) {
-                if (referenceRead)
-                    return false;
-                self.m_reference.processXml(reader, referenceElement);
-                referenceRead = true;
-                return true;
-            }
-            contentRead = readContent(name);
-            return contentRead;
-        }
-        bool mayEnd() { return referenceRead && contentRead; }
-    } tokens{{}, *this, reader, in};
-    in.loop(tokens);
-}
 
 void XmlAutoRespType::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
 {
@@ -149,12 +113,9 @@ void XmlAutoRespType::reset()
 {
     m_errorMessage.clear();
     m_kelVersion.clear();
-    m_reference.reset();
     m_estimatedTime = QDateTime();
     m_status = StatusUndefined;
-    m_gridResult.reset();
-    m_interlinkResult.reset();
-    XmlElementBase::reset();
+    XmlComposite::reset();
 }
 
 } // namespace KelXml

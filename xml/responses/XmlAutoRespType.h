@@ -1,6 +1,6 @@
 #pragma once
 
-#include "XmlElementBase.h"
+#include "XmlComposite.h"
 #include "XmlGridResultType.h"
 #include "XmlInterlinkResultType.h"
 #include "XmlOwned.h"
@@ -27,7 +27,7 @@ namespace KelXml {
 /// isValid() counts the content items of an acknowledgement by parity (one or
 /// three pass), while syntaxError() names the three-item case as a fault.
 /// \ingroup responses
-class KELXML_EXPORT XmlAutoRespType : public XmlElementBase
+class KELXML_EXPORT XmlAutoRespType : public XmlComposite
 {
 public:
     enum RespStatus : qint32
@@ -39,7 +39,6 @@ public:
 
     XmlAutoRespType();
 
-    void processXml(QXmlStreamReader& reader, const QString& elementName) override;
     void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
     bool isValid() const override;
     void reset() override;
@@ -79,6 +78,8 @@ protected:
     void checkContent(XmlChecks& checks) const override;
 
 private:
+    static const XmlLayout& layout();
+
     RespStatus m_status;
     XmlReferenceType m_reference;
     QDateTime m_estimatedTime;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "XmlElementBase.h"
+#include "XmlComposite.h"
 
 namespace KelXml {
 
@@ -10,17 +10,13 @@ namespace KelXml {
 /// A Min or Max text that is not a number is passed over and leaves the value
 /// as it was.
 /// \ingroup responses
-class KELXML_EXPORT XmlGridValuesType : public XmlElementBase
+class KELXML_EXPORT XmlGridValuesType : public XmlVersionedComposite
 {
 public:
     XmlGridValuesType();
 
-    void processXml(QXmlStreamReader& reader, const QString& elementName) override;
-    void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
     void reset() override;
 
-    QString version() const { return m_version; }
-    void setVersion(const QString& version) { m_version = version; }
     /// The unit of the grid's values, such as "dBm".
     const QString& unit() const { return m_unit; }
     void setUnit(const QString& unit) { m_unit = unit; }
@@ -35,9 +31,8 @@ protected:
     void checkContent(XmlChecks& checks) const override;
 
 private:
-    bool supportsVersion() const;
+    static const XmlLayout& layout();
 
-    XmlText m_version;
     XmlText m_unit;
     double m_min;
     double m_max;

@@ -1,21 +1,11 @@
 #include "XmlRespRoot.h"
 
-#include "XmlDateTime.h"
-#include "XmlElementReader.h"
 #include "XmlEnumTexts.h"
+#include "XmlLayout.h"
 
 namespace KelXml {
 
 namespace {
-// The name every message of the class carries.
-const QString typeName = QStringLiteral("XmlRespRoot");
-const QString typeAttribute = QStringLiteral("type");
-const QString finalAttribute = QStringLiteral("final");
-const QString timestampAttribute = QStringLiteral("timestamp");
-const QString orderDefElement = QStringLiteral("ORDER_DEF");
-const QString automaticElement = QStringLiteral("Automatic");
-const QString interactiveElement = QStringLiteral("Interactive");
-
 const XmlEnumTexts typeTexts({{XmlRespRoot::Interactive, "interactive"},
                               {XmlRespRoot::Automatic, "automatic"}},
                              "UNDEFINED");
@@ -33,8 +23,30 @@ void checkAnnounced(XmlChecks& checks, XmlElementBase* announced, bool otherPres
 }
 } // namespace
 
+// Every attribute is read, also after an earlier one was refused; the first
+// refusal is the one reported. ORDER_DEF may stand anywhere, any number of
+// times, the last one kept; then one content element. Each element met is
+// read into a fresh object; the content kind not met stays as it was.
+const XmlLayout& XmlRespRoot::layout()
+{
+    using Self = XmlRespRoot;
+    static const XmlLayout layout(
+        "XmlRespRoot", XmlElementReader::NamedWording, XmlLayout::NoVersion,
+        {
+            XmlAttribute::enumeration("type", &Self::m_type, typeTexts),
+            XmlAttribute::boolean("final", &Self::m_final),
+            XmlAttribute::dateTime("timestamp", &Self::setTimestamp, &Self::timestamp),
+            XmlField::optional("ORDER_DEF", &Self::m_orderDef).replaced().anywhere().repeated(),
+            XmlField::single({XmlField::optional("Automatic", &Self::m_autoResp).replaced(),
+                              XmlField::optional("Interactive", &Self::m_interactResp).replaced()},
+                             "")
+                .notRequired(),
+        });
+    return layout;
+}
+
 XmlRespRoot::XmlRespRoot()
-    : XmlElementBase(PermanentName{&typeName})
+    : XmlComposite(layout())
     , m_type(Undefined)
     , m_final(true)
     , m_madeAt(QDateTime::currentMSecsSinceEpoch())
@@ -55,76 +67,6 @@ void XmlRespRoot::setTimestamp(const QDateTime& timestamp)
 {
     m_timestamp = timestamp;
     m_madeAt = converted;
-}
-
-void XmlRespRoot::processXml(QXmlStreamReader& reader, const QString& elementName)
-{
-    XmlElementReader in(*this, reader, elementName, XmlElementReader::NamedWording);
-    if (!in.atStartTag())
-        return;
-
-    // Every attribute is read, also after an earlier one was refused; the
-    // first refusal is the one reported.
-    const QXmlStreamAttributes attributes = reader.attributes();
-    m_type = RespType(in.readEnumAttribute(typeAttribute, typeTexts));
-    const QString final = attributes.value(finalAttribute).toString();
-    if (final.toUpper() == QLatin1String("TRUE") || final == QLatin1String("1"))
-        m_final = true;
-    else if (final.toUpper() == QLatin1String("FALSE") || final == QLatin1String("0"))
-        m_final = false;
-    else
-        in.failAttribute(finalAttribute);
-    setTimestamp(XmlKit::parseDateTime(attributes.value(timestampAttribute).toString()));
-    if (!m_timestamp.isValid())
-        in.failAttribute(timestampAttribute);
-
-    struct Tokens : XmlElementReader::Tokens
-    {
-        XmlRespRoot& self;
-        QXmlStreamReader& reader;
-        bool contentRead = false;
-
-        // Each element met is read into a fresh object; the content kind not met
-        // stays as it was.
-        bool start(QStringView name)
-        {
-            if (XmlKit::sameName(name, orderDefElement)) {
-                self.m_orderDef = XmlOwnedPtr<XmlOrderDef>::make();
-                self.m_orderDef->processXml(reader, orderDefElement);
-                return true;
-            }
-            if (contentRead)
-                return false;
-            if (XmlKit::sameName(name, automaticElement)) {
-                self.m_autoResp = XmlOwnedPtr<XmlAutoRespType>::make();
-                self.m_autoResp->processXml(reader, automaticElement);
-            } else if (XmlKit::sameName(name, interactiveElement)) {
-                self.m_interactResp = XmlOwnedPtr<XmlInteractRespType>::make();
-                self.m_interactResp->processXml(reader, interactiveElement);
-            } else {
-                return false;
-            }
-            contentRead = true;
-            return true;
-        }
-    } tokens{{}, *this, reader};
-    in.loop(tokens);
-}
-
-void XmlRespRoot::produceXml(QXmlStreamWriter& writer, const QString& elementName) const
-{
-    writer.writeStartElement(elementName);
-    writer.writeAttribute(typeAttribute, typeTexts.text(m_type));
-    writer.writeAttribute(finalAttribute,
-                          m_final ? QStringLiteral("true") : QStringLiteral("false"));
-    writer.writeAttribute(timestampAttribute, XmlKit::formatDateTime(timestamp()));
-    if (m_orderDef)
-        m_orderDef->produceXml(writer, orderDefElement);
-    if (m_autoResp)
-        m_autoResp->produceXml(writer, automaticElement);
-    if (m_interactResp)
-        m_interactResp->produceXml(writer, interactiveElement);
-    writer.writeEndElement();
 }
 
 void XmlRespRoot::checkContent(XmlChecks& checks) const
@@ -150,14 +92,11 @@ void XmlRespRoot::checkContent(XmlChecks& checks) const
 
 void XmlRespRoot::reset()
 {
-    m_orderDef.reset();
-    m_autoResp.reset();
-    m_interactResp.reset();
     m_final = true;
     m_type = Undefined;
     m_timestamp = QDateTime();
     m_madeAt = QDateTime::currentMSecsSinceEpoch();
-    XmlElementBase::reset();
+    XmlComposite::reset();
 }
 
 } // namespace KelXml

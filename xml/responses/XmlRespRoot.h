@@ -1,7 +1,7 @@
 #pragma once
 
 #include "XmlAutoRespType.h"
-#include "XmlElementBase.h"
+#include "XmlComposite.h"
 #include "XmlInteractRespType.h"
 #include "XmlOrderDef.h"
 #include "XmlOwned.h"
@@ -28,7 +28,7 @@ namespace KelXml {
 /// gives the same value as converting it at once unless the system's time
 /// zone changes in between.
 /// \ingroup responses
-class KELXML_EXPORT XmlRespRoot : public XmlElementBase
+class KELXML_EXPORT XmlRespRoot : public XmlComposite
 {
 public:
     enum RespType : qint32
@@ -40,8 +40,6 @@ public:
 
     XmlRespRoot();
 
-    void processXml(QXmlStreamReader& reader, const QString& elementName) override;
-    void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
     void reset() override;
 
     RespType type() const { return m_type; }
@@ -72,6 +70,8 @@ protected:
     void checkContent(XmlChecks& checks) const override;
 
 private:
+    static const XmlLayout& layout();
+
     // The instant of construction or reset, before it is converted.
     static constexpr qint64 converted = std::numeric_limits<qint64>::min();
 

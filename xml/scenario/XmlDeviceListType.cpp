@@ -6,13 +6,15 @@ namespace KelXml {
 
 template class XmlListType<XmlDeviceType>;
 
-namespace {
-const XmlListShape shape{QStringLiteral("XmlDeviceListType"), QStringLiteral("Device"),
-                         QStringLiteral("Too few devices (min. 1)")};
-} // namespace
+const XmlLayout& XmlDeviceListType::layout()
+{
+    static const XmlLayout layout =
+        layoutOf("XmlDeviceListType", "Device", "Too few devices (min. 1)");
+    return layout;
+}
 
 XmlDeviceListType::XmlDeviceListType()
-    : XmlListType(shape)
+    : XmlListType(layout())
 {}
 
 } // namespace KelXml

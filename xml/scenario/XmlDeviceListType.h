@@ -17,6 +17,9 @@ public:
     const QList<XmlDeviceType*>& deviceList() const { return members(); }
     /// Replaces the devices with copies; the given objects stay the caller's.
     void setDeviceList(const QList<XmlDeviceType*>& list) { setMembers(list); }
+
+private:
+    static const XmlLayout& layout();
 };
 
 } // namespace KelXml

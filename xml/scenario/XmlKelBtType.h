@@ -34,8 +34,6 @@ class KELXML_EXPORT XmlKelBtType : public XmlVersionedComposite
 public:
     XmlKelBtType();
 
-    void processXml(QXmlStreamReader& reader, const QString& elementName) override;
-    void produceXml(QXmlStreamWriter& writer, const QString& elementName) const override;
     void reset() override;
 
     /// The path of the screenshot that goes with the snapshot, as the client gave it.
@@ -100,7 +98,7 @@ protected:
     void checkContent(XmlChecks& checks) const override;
 
 private:
-    static const XmlLayout& displayedObjects();
+    static const XmlLayout& layout();
 
     QString m_screenshotPath;
     XmlOwnedList<XmlDeploymentAreaType> m_deployments;
