@@ -1,5 +1,8 @@
 #include "XmlScanDevice.h"
 
+#include <QtAlgorithms>
+#include <QtEndian>
+
 #include <algorithm>
 #include <cstring>
 #include <limits>
@@ -127,8 +130,9 @@ struct StopTable
 
 // The first byte in [p, bound) that needs the scan's attention (see
 // StopTable); bound when there is none. Eight bytes at a time while none of
-// them does, then byte by byte by the state's table: most runs between two
-// stops are short, and a table walk over them costs less than any mask.
+// them does, then byte by byte by the state's table. For comments,
+// processing instructions and CDATA sections, which are rare; the states
+// that most bytes pass through use StopBits.
 template <Byte... Stops>
 inline const Byte* findSpecial(const Byte* p, const Byte* bound)
 {
@@ -143,6 +147,99 @@ inline const Byte* findSpecial(const Byte* p, const Byte* bound)
         ++p;
     return p;
 }
+
+// The bytes of a piece that the scan must look at, found 64 at a time: NUL,
+// bytes that are not ASCII, '<', '>', '"' and '\''. Each block of 64 bytes is
+// sorted once, into one bit a byte, when the scan first reaches it; the scan
+// then goes from one flagged byte to the next by the position of the next set
+// bit, whatever its state, however short the runs between them (in
+// markup-dense XML they are a few bytes). A state passes over the flagged
+// bytes it has no use for ('>' in text, '<' in a tag).
+class StopBits
+{
+public:
+    static constexpr quint64 blockBytes = 64;
+
+    StopBits(const Byte* begin, qint64 size)
+        : m_begin(begin)
+        , m_size(size)
+    {}
+
+    // The bits of the block at the offset (a multiple of 64 within the piece).
+    quint64 bitsOf(qint64 block)
+    {
+        if (block != m_block) {
+            m_block = block;
+            m_bits = sort(m_begin + block, m_size - block);
+        }
+        return m_bits;
+    }
+
+    // The offset of the first flagged byte at or after the offset `from`
+    // (at most the size); the size when there is none.
+    qint64 next(qint64 from)
+    {
+        for (;;) {
+            const quint64 within = quint64(from - m_block);
+            if (within < blockBytes) {
+                const quint64 bits = m_bits >> within;
+                if (bits)
+                    return from + qint64(qCountTrailingZeroBits(bits));
+                from = m_block + qint64(blockBytes);
+            }
+            if (from >= m_size)
+                return m_size;
+            m_block = from & ~qint64(blockBytes - 1);
+            m_bits = sort(m_begin + m_block, m_size - m_block);
+        }
+    }
+
+private:
+    // The bits of the block at `bytes`, of which `left` belong to the piece
+    // (those past it are not flagged).
+    static quint64 sort(const Byte* bytes, qint64 left)
+    {
+        Byte tail[blockBytes];
+        if (left < qint64(blockBytes)) {
+            std::memcpy(tail, bytes, size_t(left));
+            std::memset(tail + left, ' ', blockBytes - size_t(left)); // not flagged
+            bytes = tail;
+        }
+        quint64 bits = 0;
+#if defined(__SSE2__)
+        const __m128i zero = _mm_setzero_si128();
+        const __m128i lt = _mm_set1_epi8('<');
+        const __m128i gt = _mm_set1_epi8('>');
+        const __m128i dq = _mm_set1_epi8('"');
+        const __m128i sq = _mm_set1_epi8('\'');
+        for (unsigned i = 0; i < blockBytes; i += 16) {
+            const __m128i v = _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes + i));
+            // The high bit is set for a byte that is not ASCII; NUL sets all.
+            const __m128i special = _mm_or_si128(v, _mm_cmpeq_epi8(v, zero));
+            const __m128i tags = _mm_or_si128(_mm_cmpeq_epi8(v, lt), _mm_cmpeq_epi8(v, gt));
+            const __m128i quotes = _mm_or_si128(_mm_cmpeq_epi8(v, dq), _mm_cmpeq_epi8(v, sq));
+            const __m128i flagged = _mm_or_si128(special, _mm_or_si128(tags, quotes));
+            bits |= quint64(unsigned(_mm_movemask_epi8(flagged))) << i;
+        }
+#else
+        // Eight bytes at a time: the high bit of each flagged byte, gathered
+        // into the byte's place in the block's bits.
+        for (unsigned i = 0; i < blockBytes; i += 8) {
+            const quint64 word = qFromLittleEndian<quint64>(bytes + i);
+            const quint64 flagged = (word & ones(0x80)) | equalBytes(word, 0) |
+                                    equalBytes(word, '<') | equalBytes(word, '>') |
+                                    equalBytes(word, '"') | equalBytes(word, '\'');
+            bits |= (((flagged >> 7) * 0x0102040810204080ULL) >> 56) << i;
+        }
+#endif
+        return bits;
+    }
+
+    const Byte* const m_begin;
+    const qint64 m_size;
+    qint64 m_block = -qint64(blockBytes); // the offset of the block sorted last
+    quint64 m_bits = 0;
+};
 
 bool startsWith(const Byte* p, const Byte* end, const char* text)
 {
@@ -522,50 +619,49 @@ private:
     }
 
     // The scan proper, from resume() on: text and markup in turn, as one loop
-    // that keeps its position, the depth and the tag at hand in registers.
-    // The state is written down only where a piece ends inside a construct
-    // (which the next piece takes up first) or a fault ends the scan.
+    // that keeps its position, the depth and the tag at hand in registers and
+    // goes from one flagged byte (StopBits) to the next. The state is written
+    // down only where a piece ends inside a construct (which the next piece
+    // takes up first) or a fault ends the scan. Offsets are counted from the
+    // piece's start; a run that began in an earlier piece starts before 0.
     Step scan()
     {
         const Byte* const begin = m_begin;
-        const Byte* const end = m_end;
+        const qint64 size = m_end - m_begin;
         const qint64 base = m_base;
         const qint64 longest = m_limits.maxValueLength;
         const bool final = m_final;
-        const Byte* p = begin + (m_resume - base);
+        StopBits stops(begin, size);
+        qint64 from = m_resume - base;    // where the search goes on
+        qint64 run = m_run.offset - base; // where the text, stretch or value at hand started
         int depth = m_depth;
         bool isStart = m_isStart;
         int attributes = m_attributes;
-        qint64 run = m_run.offset; // where the text, stretch or value at hand started
-        Step step = Continue;
-        State quoted = DQuoted;
+        State state = m_state;
+        qint64 at = from; // the flagged byte at hand
+        Byte c = 0;
 
-        const auto offsetOf = [base, begin](const Byte* q) { return base + (q - begin); };
-        // One byte past the longest run from start, or the piece's end.
-        const auto limitOf = [base, begin, end, longest](qint64 start) {
-            const qint64 left = base + (end - begin) - start;
-            return longest < left ? begin + (start + longest + 1 - base) : end;
-        };
-        const auto leave = [&]() {
-            m_p = p;
+        const auto leave = [&](qint64 offset) {
+            m_p = begin + offset;
             m_depth = depth;
             m_isStart = isStart;
             m_attributes = attributes;
         };
+        // The piece ends inside the construct at hand, at the offset.
+        const auto suspendAt = [&](qint64 offset) {
+            leave(offset);
+            return state == Tag ? suspendTag(base + run) : suspend(state, base + run);
+        };
 
-        switch (m_state) {
+        switch (state) {
         case Text:
-            goto text;
-        case Markup:
-            goto markup;
         case Tag:
-            goto tag;
         case DQuoted:
-            quoted = DQuoted;
-            goto value;
         case SQuoted:
-            quoted = SQuoted;
-            goto value;
+            break;
+        case Markup:
+            state = Text;
+            goto markup;
         case Instruction:
         case Comment:
         case CData:
@@ -575,176 +671,269 @@ private:
             return Finish;
         }
 
-    text : // character data from run up to the next '<'
-    {
-        const Byte* limit = limitOf(run);
         for (;;) {
-            p = findSpecial<'<'>(p, limit);
-            if (p >= limit || *p == '<') // past the limit after a multi-byte character
-                break;
-            step = utf8At(p);
-            if (step != Continue)
-                return leaveWith(step, Text, run, p, depth, isStart, attributes);
-        }
-        if (offsetOf(p) - run > longest)
-            return valueTooLong(run);
-        if (p == end) {
-            leave();
-            return final ? Finish : suspend(Text, run);
-        }
-    }
-
-    markup : // p stands on '<'
-    {
-        if (!final && end - p < 9) { // "<![CDATA[" and "<!DOCTYPE" are the longest
-            leave();
-            return suspend(Markup, offsetOf(p));
-        }
-        const Byte next = p + 1 < end ? p[1] : 0;
-        if (next == '/') {
-            p += 2;
-            isStart = false;
-            run = offsetOf(p);
-            goto tag;
-        }
-        if (next == '?') {
-            p += 2;
-            run = offsetOf(p);
-            m_state = Instruction;
-            goto special;
-        }
-        if (next == '!') {
-            if (startsWith(p, end, "<!--")) {
-                p += 4;
-                m_state = Comment;
-            } else if (startsWith(p, end, "<![CDATA[")) {
-                p += 9;
-                m_state = CData;
-            } else if (startsWith(p, end, "<!DOCTYPE")) {
-                return failAt(XmlReadError::Dtd, p,
-                              QStringLiteral("a document type declaration is not accepted"));
-            } else {
-                // Not markup the reader accepts: it stops here.
-                ++p;
-                run = offsetOf(p);
-                goto text;
-            }
-            run = offsetOf(p);
-            goto special;
-        }
-        if (++depth > m_limits.maxDepth) {
-            return limitFault(
-                XmlReadError::DepthLimit, Mark{offsetOf(p)}, QStringLiteral("maxDepth"),
-                QStringLiteral("elements nested deeper than %1 levels").arg(m_limits.maxDepth));
-        }
-        ++p;
-        isStart = true;
-        attributes = 0;
-        run = offsetOf(p);
-    }
-
-    tag : // the unquoted stretch of a tag from run (names, '=', blanks), then a
-          // quoted value or the tag's end; a start tag's values are counted
-    {
-        const Byte* limit = limitOf(run);
-        for (;;) {
-            p = findSpecial<'>', '"', '\''>(p, limit);
-            if (p >= limit) {
-                if (offsetOf(p) - run > longest)
-                    return valueTooLong(run);
-                leave();
-                return final ? Finish : suspendTag(run); // the document ends inside the tag
-            }
-            const Byte c = *p;
-            if (c == '>') {
-                const Byte before = p > begin ? p[-1] : m_before;
-                ++p;
-                if (!isStart) {
-                    if (depth > 0)
-                        --depth;
-                } else if (before == '/') {
-                    --depth; // an empty-element tag
+            // Whole blocks at a time, while nothing in them can break a limit
+            // or need more than the bytes at hand: every run in the block
+            // stays within the longest allowed, and the bytes after any '<'
+            // that the markup looks at lie in the piece. The flagged bytes
+            // are taken one by one off the block's bits, by a loop for each
+            // state. Anything else (a byte that is not ASCII, a comment, a
+            // limit reached) is left to the byte-exact steps below, from the
+            // byte on which it shows.
+            {
+                const qint64 block = from & ~qint64(StopBits::blockBytes - 1);
+                const qint64 blockEnd = block + qint64(StopBits::blockBytes);
+                if (blockEnd > size - 8 || blockEnd - run > longest)
+                    goto search;
+                quint64 bits = stops.bitsOf(block) & (~quint64(0) << (from - block));
+                switch (state) {
+                case Text:
+                    goto text;
+                case Tag:
+                    goto tag;
+                case DQuoted:
+                    goto doubleQuoted;
+                case SQuoted:
+                    goto singleQuoted;
+                default:
+                    goto search;
                 }
-                run = offsetOf(p);
-                goto text;
-            }
-            if (c == '"' || c == '\'') {
-                if (isStart && ++attributes > m_limits.maxAttributes) {
-                    leave();
-                    return limitFault(XmlReadError::AttributesLimit, attributeStart(run),
-                                      QStringLiteral("maxAttributes"),
-                                      QStringLiteral("more than %1 attributes in one start tag")
-                                          .arg(m_limits.maxAttributes));
+            text:
+                while (bits) {
+                    at = block + qint64(qCountTrailingZeroBits(bits));
+                    bits &= bits - 1;
+                    c = begin[at];
+                    if (c == '<') {
+                        c = begin[at + 1];
+                        if (c == '/') {
+                            run = at + 2;
+                            isStart = false;
+                            goto tag;
+                        }
+                        if (c == '!' || c == '?' || depth >= m_limits.maxDepth) {
+                            state = Text;
+                            goto exact;
+                        }
+                        ++depth;
+                        run = at + 1;
+                        isStart = true;
+                        attributes = 0;
+                        goto tag;
+                    }
+                    if (c == 0 || c >= 0x80) {
+                        state = Text;
+                        goto exact;
+                    }
                 }
-                ++p;
-                run = offsetOf(p);
-                quoted = c == '"' ? DQuoted : SQuoted;
-                goto value;
+                state = Text;
+                from = blockEnd;
+                continue;
+            tag:
+                while (bits) {
+                    at = block + qint64(qCountTrailingZeroBits(bits));
+                    bits &= bits - 1;
+                    c = begin[at];
+                    if (c == '>') {
+                        if (!isStart) {
+                            if (depth > 0)
+                                --depth;
+                        } else if ((at > 0 ? begin[at - 1] : m_before) == '/') {
+                            --depth; // an empty-element tag
+                        }
+                        run = at + 1;
+                        goto text;
+                    }
+                    if (c == '"' || c == '\'') {
+                        if (isStart && attributes >= m_limits.maxAttributes) {
+                            state = Tag;
+                            goto exact;
+                        }
+                        attributes += isStart;
+                        run = at + 1;
+                        if (c == '"')
+                            goto doubleQuoted;
+                        goto singleQuoted;
+                    }
+                    if (c != '<') {
+                        state = Tag;
+                        goto exact;
+                    }
+                }
+                state = Tag;
+                from = blockEnd;
+                continue;
+            doubleQuoted:
+                while (bits) {
+                    at = block + qint64(qCountTrailingZeroBits(bits));
+                    bits &= bits - 1;
+                    c = begin[at];
+                    if (c == '"') {
+                        run = at + 1;
+                        goto tag;
+                    }
+                    if (c == 0 || c >= 0x80) {
+                        state = DQuoted;
+                        goto exact;
+                    }
+                }
+                state = DQuoted;
+                from = blockEnd;
+                continue;
+            singleQuoted:
+                while (bits) {
+                    at = block + qint64(qCountTrailingZeroBits(bits));
+                    bits &= bits - 1;
+                    c = begin[at];
+                    if (c == '\'') {
+                        run = at + 1;
+                        goto tag;
+                    }
+                    if (c == 0 || c >= 0x80) {
+                        state = SQuoted;
+                        goto exact;
+                    }
+                }
+                state = SQuoted;
+                from = blockEnd;
+                continue;
             }
-            step = utf8At(p);
-            if (step != Continue) {
-                if (step != Suspend)
+        exact:
+            from = at;
+        search:
+            at = stops.next(from);
+            // A text, stretch of a tag or value reaches one byte past the
+            // longest allowed before anything ends it.
+            if (at - run > longest)
+                return valueTooLong(base + run);
+            if (at == size) {
+                if (final)
+                    return Finish; // the document ends inside: the reader reports it
+                return suspendAt(at);
+            }
+            c = begin[at];
+            if (c == 0 || c >= 0x80) {
+                const Byte* p = begin + at;
+                const Step step = utf8At(p);
+                if (step == Suspend)
+                    return suspendAt(at);
+                if (step != Continue)
                     return step;
-                leave();
-                return suspendTag(run);
+                from = p - begin;
+                continue;
             }
-        }
-    }
-
-    value : // a quoted value from run, up to its closing quote
-    {
-        const Byte* limit = limitOf(run);
-        for (;;) {
-            p = quoted == DQuoted ? findSpecial<'"'>(p, limit) : findSpecial<'\''>(p, limit);
-            if (p >= limit)
+            switch (state) {
+            case Text:
+                if (c == '<')
+                    goto markup;
                 break;
-            if (*p == (quoted == DQuoted ? '"' : '\'')) {
-                ++p;
-                run = offsetOf(p);
-                goto tag;
+            case Tag:
+                if (c == '>') {
+                    const Byte before = at > 0 ? begin[at - 1] : m_before;
+                    if (!isStart) {
+                        if (depth > 0)
+                            --depth;
+                    } else if (before == '/') {
+                        --depth; // an empty-element tag
+                    }
+                    from = run = at + 1;
+                    state = Text;
+                    continue;
+                }
+                if (c == '"' || c == '\'') {
+                    if (isStart && ++attributes > m_limits.maxAttributes) {
+                        leave(at);
+                        return limitFault(XmlReadError::AttributesLimit, attributeStart(base + run),
+                                          QStringLiteral("maxAttributes"),
+                                          QStringLiteral("more than %1 attributes in one start tag")
+                                              .arg(m_limits.maxAttributes));
+                    }
+                    from = run = at + 1;
+                    state = c == '"' ? DQuoted : SQuoted;
+                    continue;
+                }
+                break;
+            case DQuoted:
+            case SQuoted:
+                if (c == (state == DQuoted ? '"' : '\'')) {
+                    from = run = at + 1;
+                    state = Tag;
+                    continue;
+                }
+                break;
+            default:
+                break;
             }
-            step = utf8At(p);
+            from = at + 1; // a byte this state has no use for
+            continue;
+
+        markup:                            // at stands on '<', in text
+            if (!final && size - at < 9) { // "<![CDATA[" and "<!DOCTYPE" are the longest
+                leave(at);
+                return suspend(Markup, base + at);
+            }
+            c = at + 1 < size ? begin[at + 1] : 0;
+            if (c == '/') {
+                from = run = at + 2;
+                isStart = false;
+                state = Tag;
+                continue;
+            }
+            if (c == '?') {
+                from = run = at + 2;
+                m_state = Instruction;
+                goto special;
+            }
+            if (c == '!') {
+                const Byte* p = begin + at;
+                if (startsWith(p, m_end, "<!--")) {
+                    from = at + 4;
+                    m_state = Comment;
+                } else if (startsWith(p, m_end, "<![CDATA[")) {
+                    from = at + 9;
+                    m_state = CData;
+                } else if (startsWith(p, m_end, "<!DOCTYPE")) {
+                    return failAt(XmlReadError::Dtd, p,
+                                  QStringLiteral("a document type declaration is not accepted"));
+                } else {
+                    // Not markup the reader accepts: it stops here.
+                    from = run = at + 1;
+                    continue;
+                }
+                run = from;
+                goto special;
+            }
+            if (++depth > m_limits.maxDepth) {
+                return limitFault(
+                    XmlReadError::DepthLimit, Mark{base + at}, QStringLiteral("maxDepth"),
+                    QStringLiteral("elements nested deeper than %1 levels").arg(m_limits.maxDepth));
+            }
+            from = run = at + 1;
+            isStart = true;
+            attributes = 0;
+            state = Tag;
+            continue;
+
+        special : // a processing instruction, comment or CDATA section from run
+        {
+            leave(from);
+            Step step;
+            switch (m_state) {
+            case Instruction:
+                step = until<'?', '>'>(Instruction, base + run);
+                break;
+            case Comment:
+                step = until<'-', '-', '>'>(Comment, base + run);
+                break;
+            default:
+                step = until<']', ']', '>'>(CData, base + run);
+                break;
+            }
             if (step != Continue)
-                return leaveWith(step, quoted, run, p, depth, isStart, attributes);
+                return step;
+            from = run = m_p - begin;
+            state = Text;
         }
-        if (offsetOf(p) - run > longest)
-            return valueTooLong(run);
-        leave();
-        return final ? Finish : suspend(quoted, run); // the document ends inside the value
-    }
-
-    special : // a processing instruction, comment or CDATA section from run
-    {
-        leave();
-        switch (m_state) {
-        case Instruction:
-            step = until<'?', '>'>(Instruction, run);
-            break;
-        case Comment:
-            step = until<'-', '-', '>'>(Comment, run);
-            break;
-        default:
-            step = until<']', ']', '>'>(CData, run);
-            break;
         }
-        if (step != Continue)
-            return step;
-        p = m_p;
-        run = offsetOf(p);
-        goto text;
-    }
-    }
-
-    // Leaves the scan on a step that is not Continue: a fault, or the piece's
-    // end inside a UTF-8 sequence of the run at hand.
-    Step leaveWith(Step step, State state, qint64 run, const Byte* p, int depth, bool isStart,
-                   int attributes)
-    {
-        m_p = p;
-        m_depth = depth;
-        m_isStart = isStart;
-        m_attributes = attributes;
-        return step == Suspend ? suspend(state, run) : step;
     }
 
     // The byte at p needs a look (NUL, or not ASCII): steps over a valid UTF-8
