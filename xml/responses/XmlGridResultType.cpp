@@ -92,6 +92,8 @@ XmlElementBase* XmlGridResultType::renewParameter(int type)
 
 void XmlGridResultType::processXml(QXmlStreamReader& reader, const QString& elementName)
 {
+    // A loop of its own: the type attribute picks which parameter element is
+    // read, and it is read under the wrapper's name, not its own.
     XmlElementReader in(*this, reader, elementName, XmlElementReader::NamedWording);
     if (!in.atStartTag())
         return;

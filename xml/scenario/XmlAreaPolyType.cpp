@@ -59,6 +59,8 @@ XmlAreaPolyType::~XmlAreaPolyType()
 
 void XmlAreaPolyType::processXml(QXmlStreamReader& reader, const QString& elementName)
 {
+    // A loop of its own: the vertices are a list that is sorted by number
+    // once read, and the element may end only with enough of them.
     XmlElementReader in(*this, reader, elementName, XmlElementReader::NamedWording);
     if (!in.begin(m_version) || !in.checkVersion(m_version))
         return;
