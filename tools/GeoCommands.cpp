@@ -56,6 +56,8 @@ ToolCommand mapCommand(const QString& name, const QString& help, MapWriter write
     return {name,
             name + QStringLiteral(" --as ") + mapKinds().join(QLatin1Char('|')) +
                 QStringLiteral(" FILE"),
-            help, true,
-            [write](const Invocation& invocation) { return runMap(invocation, write); }};
+            help,
+            true,
+            [write](const Invocation& invocation) { return runMap(invocation, write); },
+            {}};
 }

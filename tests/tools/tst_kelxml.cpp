@@ -34,7 +34,12 @@ private slots:
         QTest::addColumn<QString>("message");
         QTest::newRow("no command") << QStringList() << "no command given.";
         QTest::newRow("unknown command") << QStringList{"lint"} << "unknown command 'lint'.";
-        QTest::newRow("no class") << QStringList{"check", "a.xml"} << "'check' needs --as CLASS";
+        QTest::newRow("no file") << QStringList{"check"} << "'check' needs a file.";
+        QTest::newRow("unknown output") << QStringList{"check", "--output", "xml", "a.xml"}
+                                        << "--output takes text, json or github, not 'xml'.";
+        QTest::newRow("output of another command")
+            << QStringList{"format", "--output", "json", "a.xml"}
+            << "--output is an option of 'check' only.";
         QTest::newRow("unknown class")
             << QStringList{"check", "--as", "XmlNoSuchType", "a.xml"}
             << "unknown element class 'XmlNoSuchType' (see '" KELXML_TOOL_NAME " classes').";
@@ -89,11 +94,15 @@ private slots:
         QCOMPARE(run.status, 0);
         const QString commands =
             "Commands:\n"
-            "  check --as CLASS FILE...  Read the first element of each file as an object of\n"
+            "  check [--as CLASS] FILE...\n"
+            "                            Read the first element of each file as an object of\n"
             "                            CLASS and say whether it is valid; otherwise print\n"
             "                            the located read error or the validation report\n"
-            "                            (its first 100 faults unless --faults says otherwise).\n"
-            "  format --as CLASS FILE    Read the element and write it back to standard output\n"
+            "                            (its first 100 faults unless --faults says otherwise)\n"
+            "                            and each fault where its element starts. Without\n"
+            "                            --as, the root element says which document it is.\n"
+            "                            --output json or github prints records for programs.\n"
+            "  format [--as CLASS] FILE  Read the element and write it back to standard output\n"
             "                            in its canonical, indented form.\n"
             "  classes                   List the element classes (and aliases) known.\n"
             "  geojson --as scenario|command FILE\n"
@@ -103,10 +112,12 @@ private slots:
             "  svg --as scenario|command FILE\n"
             "                            Write the same objects as an SVG map.\n"
             "\n"
+            "FILE '-' reads standard input.\n"
+            "\n"
             "Files are read as untrusted input:";
         QVERIFY2(run.out.contains(commands), qPrintable(run.out));
         QVERIFY2(run.out.contains(
-                     "\n  command                 check, format, classes, geojson or svg.\n"),
+                     "\n  command                      check, format, classes, geojson or svg.\n"),
                  qPrintable(run.out));
     }
 
@@ -138,7 +149,9 @@ private slots:
         QCOMPARE(run.out,
                  valid + ": valid XmlFreqType \"F\"\n" + invalid +
                      ": invalid XmlFreqType \"F\":\n    +++ in XmlFreqType Begin:\n"
-                     "    Illegal frequency.\n    Illegal unit.\n    --- in XmlFreqType End\n");
+                     "    Illegal frequency.\n    Illegal unit.\n    --- in XmlFreqType End\n" +
+                     invalid + ":1:28: XmlFreqType: Illegal frequency.\n" + invalid +
+                     ":1:28: XmlFreqType: Illegal unit.\n");
 
         run = kelxml({"check", "--as", "XmlFreqType", missing, trailing, invalid});
         QCOMPARE(run.status, 2);
@@ -153,6 +166,10 @@ private slots:
     {
         QTest::addColumn<QStringList>("options");
         QTest::addColumn<QString>("report");
+        QTest::addColumn<QStringList>("located"); // as many as the report shows
+        const QStringList located{":1:23: XmlFreqThrPairType: Version \"2.0\" not supported",
+                                  ":1:170: XmlFieldstrengthType: Illegal unit.",
+                                  ":1:213: XmlFreqThrPairType: Version \"3.0\" not supported"};
         const QString whole = "    +++ in XmlFreqThrListType Begin:\n"
                               "    +++ in XmlFreqThrPairType Begin:\n"
                               "    Version \"2.0\" not supported\n"
@@ -166,23 +183,26 @@ private slots:
                               "    Version \"3.0\" not supported\n"
                               "    --- in XmlFreqThrPairType End\n"
                               "    --- in XmlFreqThrListType End\n";
-        QTest::newRow("default") << QStringList() << whole;
-        QTest::newRow("all") << QStringList{"--faults", "all"} << whole;
-        QTest::newRow("as many as there are") << QStringList{"--faults", "3"} << whole;
+        QTest::newRow("default") << QStringList() << whole << located;
+        QTest::newRow("all") << QStringList{"--faults", "all"} << whole << located;
+        QTest::newRow("as many as there are") << QStringList{"--faults", "3"} << whole << located;
         // The first nine lines hold two faults; the list's block is closed after them.
         const QStringList lines = whole.split('\n');
         QTest::newRow("two") << QStringList{"--faults", "2"}
                              << lines.mid(0, 9).join('\n') + "\n" + lines.at(12) +
                                     "\n    ... 1 more fault of 3 not shown (--faults all shows "
-                                    "every one)\n";
+                                    "every one)\n"
+                             << QStringList(located.mid(0, 2));
         QTest::newRow("none") << QStringList{"--faults", "0"}
                               << "    ... 3 more faults of 3 not shown (--faults all shows every "
-                                 "one)\n";
+                                 "one)\n"
+                              << QStringList();
     }
     void reportIsCutAfterTheFaultsAsked()
     {
         QFETCH(QStringList, options);
         QFETCH(QString, report);
+        QFETCH(QStringList, located);
         QTemporaryDir dir;
         QFile file(dir.filePath(QStringLiteral("pairs.xml")));
         QVERIFY(file.open(QIODevice::WriteOnly));
@@ -196,7 +216,10 @@ private slots:
         const Run run =
             kelxml(QStringList{"check", "--as", "XmlFreqThrListType", file.fileName()} + options);
         QCOMPARE(run.status, 1);
-        QCOMPARE(run.out, file.fileName() + ": invalid XmlFreqThrListType \"L\":\n" + report);
+        QString expected = file.fileName() + ": invalid XmlFreqThrListType \"L\":\n" + report;
+        for (const QString& line : located)
+            expected += file.fileName() + line + QLatin1Char('\n');
+        QCOMPARE(run.out, expected);
     }
 
     // A file beyond a limit is unreadable; the answer names the limit and the
