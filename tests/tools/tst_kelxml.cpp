@@ -1,6 +1,7 @@
 // The kelxml tool as a user runs it: its answers and exit codes. Every sample
 // under examples/ is also checked by the "examples" test.
 
+#include <QDir>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -345,6 +346,119 @@ private slots:
         QCOMPARE(run.out, QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
                                          "<Frequency version=\"1.0\" unit=\"kHz\">2400.000000"
                                          "</Frequency>\n"));
+    }
+    // Without --as every sample of the three documents gets the answer it gets
+    // with it, and the answer says which kind was taken.
+    void byContentAsWithAs_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<QString>("kind");
+        const QList<QPair<QString, QString>> documents{
+            {"XmlCmdRoot", "command"}, {"XmlRespRoot", "response"}, {"XmlKelBtType", "scenario"}};
+        for (const auto& document : documents) {
+            const QDir dir(QStringLiteral(KELXML_EXAMPLES "/") + document.first);
+            for (const QString& name : dir.entryList({QStringLiteral("*.xml")}, QDir::Files))
+                QTest::newRow(qPrintable(document.first + '/' + name))
+                    << dir.filePath(name) << document.second;
+        }
+    }
+    void byContentAsWithAs()
+    {
+        QFETCH(QString, file);
+        QFETCH(QString, kind);
+        const Run with = kelxml({"check", "--as", kind, file});
+        const Run without = kelxml({"check", file});
+        QCOMPARE(without.status, with.status);
+        const QString taken = " (read as " + kind + ")";
+        if (with.status != 2)
+            QVERIFY2(without.out.contains(taken), qPrintable(without.out));
+        QCOMPARE(QString(without.out).replace(taken, QString()), with.out);
+        const Run json = kelxml({"check", "--output", "json", file});
+        QCOMPARE(json.status, with.status);
+        QVERIFY2(json.out.contains("\"kind\":\"" + kind + "\""), qPrintable(json.out));
+    }
+
+    // A root that shows no kind is refused and the answer asks for --as; the
+    // other files are still answered.
+    void rootWithoutKindNeedsAs()
+    {
+        QTemporaryDir dir;
+        const QString empty = dir.filePath(QStringLiteral("empty.xml"));
+        QFile out(empty);
+        QVERIFY(out.open(QIODevice::WriteOnly));
+        out.write("<Command></Command>");
+        out.close();
+        const QString valid = QStringLiteral(KELXML_EXAMPLES "/XmlCmdRoot/valid-create-aoi.xml");
+        const Run run = kelxml({"check", empty, valid});
+        QCOMPARE(run.status, 2);
+        QVERIFY2(run.out.startsWith(empty + ": error: ") && run.out.contains("--as") &&
+                     run.out.contains(valid + ": valid XmlCmdRoot"),
+                 qPrintable(run.out));
+        const Run json = kelxml({"check", "--output", "json", empty});
+        QCOMPARE(json.status, 2);
+        QVERIFY2(
+            json.out.contains("\"verdict\":\"unreadable\",\"error\":{\"kind\":\"UnknownKind\""),
+            qPrintable(json.out));
+    }
+
+    // "-" reads standard input, with --as or without.
+    void standardInput_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<QString>("answer");
+        QTest::newRow("as command") << QStringList{"check", "--as", "command", "-"}
+                                    << "-: invalid XmlCmdRoot \"Command\":\n";
+        QTest::newRow("by content") << QStringList{"check", "-"}
+                                    << "-: invalid XmlCmdRoot \"Command\" (read as command):\n";
+        QTest::newRow("format") << QStringList{"format", "-"} << "<?xml version=\"1.0\"";
+    }
+    void standardInput()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(QString, answer);
+        QFile sample(QStringLiteral(KELXML_EXAMPLES "/XmlCmdRoot/invalid-station-and-order.xml"));
+        QVERIFY(sample.open(QIODevice::ReadOnly));
+        QProcess process;
+        process.start(QStringLiteral(KELXML_TOOL), arguments);
+        process.write(sample.readAll());
+        process.closeWriteChannel();
+        QVERIFY(process.waitForFinished(20000));
+        QCOMPARE(process.exitCode(), 1);
+        const QString out = QString::fromUtf8(process.readAllStandardOutput());
+        QVERIFY2(out.startsWith(answer), qPrintable(out));
+        if (arguments.first() == QLatin1String("check"))
+            QVERIFY2(out.contains("\n-:25:46: XmlDegreesType: Illegal decibel.\n"),
+                     qPrintable(out));
+    }
+
+    // github: one annotation a fault, where the text output's located lines
+    // put it; a file beyond a limit is one annotation at the fault.
+    void githubAnnotations()
+    {
+        const QString file =
+            QStringLiteral(KELXML_EXAMPLES "/XmlCmdRoot/invalid-station-and-order.xml");
+        const Run text = kelxml({"check", file});
+        const Run github = kelxml({"check", "--output", "github", file});
+        QCOMPARE(github.status, text.status);
+        const QStringList annotations = github.out.split('\n', Qt::SkipEmptyParts);
+        QStringList located;
+        for (const QString& line : text.out.split('\n')) {
+            if (line.startsWith(file + ':') && line.at(file.size() + 1).isDigit())
+                located.append(line.mid(file.size() + 1));
+        }
+        QCOMPARE(annotations.size(), located.size());
+        for (int i = 0; i < annotations.size(); ++i) {
+            const QStringList place = located.at(i).section(": ", 0, 0).split(':');
+            const QString message = located.at(i).section(": ", 1);
+            QCOMPARE(annotations.at(i), "::error file=" + QString(file).replace(':', "%3A") +
+                                            ",line=" + place.at(0) + ",col=" + place.at(1) +
+                                            "::" + message);
+        }
+        const Run refused = kelxml({"check", "--output", "github", "--max-depth", "2", file});
+        QCOMPARE(refused.status, 2);
+        QVERIFY2(refused.out.startsWith("::error file=") &&
+                     refused.out.count(QLatin1String("::error")) == 1,
+                 qPrintable(refused.out));
     }
 };
 
