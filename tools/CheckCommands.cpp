@@ -271,7 +271,11 @@ int runCheck(const Invocation& invocation)
             QStringLiteral("--output takes text, json or github, not '%1'.").arg(outputName));
 
     for (const QString& file : invocation.files) {
-        const Reading reading = readFile(invocation, asClass, file, true);
+        // Positions cost memory (an allocation per element), and only the
+        // faults need them: a file is read without, and an invalid one read
+        // again with them. Standard input is read once, with them.
+        const bool standardInput = file == QLatin1String("-");
+        Reading reading = readFile(invocation, asClass, file, standardInput);
         const char* verdict = "valid";
         if (!reading.error.isEmpty()) {
             verdict = "unreadable";
@@ -280,6 +284,11 @@ int runCheck(const Invocation& invocation)
             verdict = "invalid";
             if (status == Valid)
                 status = Invalid;
+            if (!standardInput) {
+                Reading placed = readFile(invocation, reading.className, file, true);
+                if (placed.error.isEmpty())
+                    reading.element = std::move(placed.element);
+            }
         }
         if (output == Json) {
             printJson(file, reading, verdict, invocation.faults);

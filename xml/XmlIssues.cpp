@@ -199,8 +199,9 @@ void XmlPositionRecorder::enter(XmlElementBase& element, const QString& elementN
     // The name the document gives the element, which a class may read under
     // another one (the parent's element name for a start tag it passes on).
     XmlElementBase::Place place;
-    const QStringView read = m_reader.name();
-    place.elementName = read == elementName ? elementName : read.toString();
+    const QStringView read =
+        m_reader.isStartElement() ? QStringView(m_reader.name()) : QStringView();
+    place.elementName = read.isEmpty() || read == elementName ? elementName : read.toString();
     place.index = countIn(m_counts.back(), place.elementName);
     place.line = m_reader.lineNumber();
     place.column = m_reader.columnNumber();
