@@ -68,8 +68,6 @@ private slots:
         QTest::newRow("word as faults")
             << QStringList{"check", "-a", "command", "--faults", "most", "a"}
             << "--faults needs a number of faults or 'all', not 'most'.";
-        QTest::newRow("map without class")
-            << QStringList{"geojson", "a.xml"} << "'geojson' needs --as scenario or --as command.";
         QTest::newRow("map of another class") << QStringList{"svg", "--as", "response", "a.xml"}
                                               << "'svg' needs --as scenario or --as command.";
         QTest::newRow("map of two files") << QStringList{"geojson", "--as", "XmlCmdRoot", "a", "b"}
@@ -106,11 +104,11 @@ private slots:
             "  format [--as CLASS] FILE  Read the element and write it back to standard output\n"
             "                            in its canonical, indented form.\n"
             "  classes                   List the element classes (and aliases) known.\n"
-            "  geojson --as scenario|command FILE\n"
+            "  geojson [--as scenario|command] FILE\n"
             "                            Write the areas, stations, direction finders,\n"
             "                            receivers and emitters of a scenario snapshot or of\n"
             "                            the create commands of a command message as GeoJSON.\n"
-            "  svg --as scenario|command FILE\n"
+            "  svg [--as scenario|command] FILE\n"
             "                            Write the same objects as an SVG map.\n"
             "\n"
             "FILE '-' reads standard input.\n"
