@@ -17,7 +17,8 @@
 set -euo pipefail
 cd "$(dirname "$0")"
 
-packages=(cmake ninja-build g++ pkg-config qtbase5-dev qt6-base-dev)
+# python3-jsonschema: the test that validates check's JSON records.
+packages=(cmake ninja-build g++ pkg-config qtbase5-dev qt6-base-dev python3 python3-jsonschema)
 
 install_packages() {
     local missing=()

@@ -5,6 +5,7 @@
 
 #include <XmlElementBase.h>
 #include <XmlElementRegistry.h>
+#include <XmlIssues.h>
 
 #include <QXmlStreamWriter>
 
@@ -81,29 +82,168 @@ private:
     size_t m_opened = 0;                  // how many of them, from the outermost, are shown
 };
 
-// check and format: the class that --as names, given a file. Empty after a
-// usage error, whose status is then in *status.
-QString classToRead(const Invocation& invocation, int* status)
+// check and format: the class that --as names, or an empty one when --as is
+// not given (each file's root element then says). False after a usage error,
+// whose status is then in *status.
+bool classToRead(const Invocation& invocation, QString* className, int* status)
 {
     const QString& command = invocation.command;
-    if (!invocation.parser.isSet(invocation.options.as)) {
-        *status =
-            usageError(QStringLiteral("'%1' needs --as CLASS (see '" KELXML_TOOL_NAME " classes').")
-                           .arg(command));
-        return QString();
-    }
-    const QString className = XmlElementRegistry::resolve(invocation.as());
-    if (className.isEmpty()) {
-        *status = usageError(
-            QStringLiteral("unknown element class '%1' (see '" KELXML_TOOL_NAME " classes').")
-                .arg(invocation.as()));
-        return QString();
+    if (invocation.parser.isSet(invocation.options.as)) {
+        *className = XmlElementRegistry::resolve(invocation.as());
+        if (className->isEmpty()) {
+            *status = usageError(
+                QStringLiteral("unknown element class '%1' (see '" KELXML_TOOL_NAME " classes').")
+                    .arg(invocation.as()));
+            return false;
+        }
     }
     if (invocation.files.isEmpty()) {
         *status = usageError(QStringLiteral("'%1' needs a file.").arg(command));
-        return QString();
+        return false;
     }
-    return className;
+    return true;
+}
+
+// "valid XmlCmdRoot "Command"", and the kind when the content told it.
+QString described(const Reading& reading)
+{
+    QString text =
+        reading.className + QStringLiteral(" \"") + reading.elementName + QLatin1Char('"');
+    if (!reading.kind.isEmpty())
+        text += QStringLiteral(" (read as %1)").arg(reading.kind);
+    return text;
+}
+
+// The faults of an element, located, handed to take while the checks walk
+// the tree; after the first `limit` (all when negative) they are only counted.
+// Returns how many there are.
+template <class Take>
+qint64 eachIssue(const Reading& reading, qint64 limit, Take take)
+{
+    struct Sink : KelXml::XmlIssueSink
+    {
+        Sink(const QString& rootName, qint64 most, Take& taker)
+            : XmlIssueSink(rootName)
+            , limit(most)
+            , take(taker)
+        {}
+        void issue(const KelXml::XmlIssue& found) override
+        {
+            if (limit < 0 || count < limit)
+                take(found);
+            ++count;
+        }
+        qint64 limit;
+        Take& take;
+        qint64 count = 0;
+    } sink(reading.elementName, limit, take);
+    if (const auto* walked = dynamic_cast<const KelXml::XmlElementBase*>(reading.element.get()))
+        walked->reportTo(sink);
+    return sink.count;
+}
+
+// JSON text of a string, as ASCII.
+QString json(const QString& text)
+{
+    QString quoted = QStringLiteral("\"");
+    for (const QChar c : text) {
+        switch (c.unicode()) {
+        case '"':
+            quoted += QLatin1String("\\\"");
+            break;
+        case '\\':
+            quoted += QLatin1String("\\\\");
+            break;
+        case '\n':
+            quoted += QLatin1String("\\n");
+            break;
+        case '\r':
+            quoted += QLatin1String("\\r");
+            break;
+        case '\t':
+            quoted += QLatin1String("\\t");
+            break;
+        default:
+            if (c.unicode() < 0x20 || c.unicode() > 0x7e)
+                quoted += QStringLiteral("\\u%1").arg(c.unicode(), 4, 16, QLatin1Char('0'));
+            else
+                quoted += c;
+        }
+    }
+    return quoted + QLatin1Char('"');
+}
+
+QString jsonOrNull(const QString& text)
+{
+    return text.isEmpty() ? QStringLiteral("null") : json(text);
+}
+
+// The names of XmlReadError::Kind, in its order.
+QString kindName(KelXml::XmlReadError::Kind kind)
+{
+    static const char* const names[] = {
+        "None",   "SizeLimit",       "DepthLimit",  "AttributesLimit", "ValueLengthLimit",
+        "Dtd",    "TrailingContent", "Encoding",    "NotWellFormed",   "Element",
+        "Device", "NoElement",       "UnknownClass"};
+    const int index = int(kind);
+    return index >= 0 && index < int(sizeof names / sizeof *names) ? QLatin1String(names[index])
+                                                                   : QStringLiteral("Unknown");
+}
+
+// One JSON record of a file, on one line (JSON Lines).
+void printJson(const QString& file, const Reading& reading, const char* verdict, qint64 limit)
+{
+    QTextStream& stream = out();
+    stream << "{\"file\":" << json(file) << ",\"class\":" << jsonOrNull(reading.className)
+           << ",\"kind\":" << jsonOrNull(reading.kind) << ",\"verdict\":\"" << verdict
+           << "\",\"error\":";
+    if (!reading.error.isEmpty()) {
+        const KelXml::XmlReadError& error = reading.readError;
+        // A file whose kind its root does not show has no read error of its own.
+        const QString message = error ? error.message : reading.error;
+        stream << "{\"kind\":" << json(error ? kindName(error.kind) : QStringLiteral("UnknownKind"))
+               << ",\"limit\":" << jsonOrNull(error.limit) << ",\"line\":" << error.line
+               << ",\"column\":" << error.column << ",\"message\":" << json(message) << "}";
+    } else {
+        stream << "null";
+    }
+    stream << ",\"issues\":[";
+    qint64 count = 0;
+    if (reading.error.isEmpty()) {
+        bool first = true;
+        count = eachIssue(reading, limit, [&](const KelXml::XmlIssue& issue) {
+            stream << (first ? "" : ",") << "{\"message\":" << json(issue.message)
+                   << ",\"class\":" << json(issue.className)
+                   << ",\"frame\":" << json(issue.frameClass) << ",\"path\":" << json(issue.path)
+                   << ",\"line\":" << issue.line << ",\"column\":" << issue.column << "}";
+            first = false;
+        });
+    }
+    stream << "]";
+    if (limit >= 0 && count > limit)
+        stream << ",\"omitted\":" << (count - limit);
+    stream << "}\n";
+}
+
+// A workflow annotation's property and message texts.
+QString annotationData(QString text)
+{
+    return text.replace(QLatin1Char('%'), QLatin1String("%25"))
+        .replace(QLatin1Char('\r'), QLatin1String("%0D"))
+        .replace(QLatin1Char('\n'), QLatin1String("%0A"));
+}
+
+QString annotationProperty(const QString& text)
+{
+    return annotationData(text)
+        .replace(QLatin1Char(':'), QLatin1String("%3A"))
+        .replace(QLatin1Char(','), QLatin1String("%2C"));
+}
+
+void annotate(const QString& file, qint64 line, qint64 column, const QString& message)
+{
+    out() << "::error file=" << annotationProperty(file) << ",line=" << line << ",col=" << column
+          << "::" << annotationData(message) << "\n";
 }
 
 } // namespace
@@ -111,21 +251,76 @@ QString classToRead(const Invocation& invocation, int* status)
 int runCheck(const Invocation& invocation)
 {
     int status = Valid;
-    const QString className = classToRead(invocation, &status);
-    if (className.isEmpty())
+    QString asClass;
+    if (!classToRead(invocation, &asClass, &status))
         return status;
+    enum Output
+    {
+        Text,
+        Json,
+        GitHub
+    };
+    const QString outputName = invocation.parser.value(outputOption());
+    Output output = Text;
+    if (outputName == QLatin1String("json"))
+        output = Json;
+    else if (outputName == QLatin1String("github"))
+        output = GitHub;
+    else if (outputName != QLatin1String("text"))
+        return usageError(
+            QStringLiteral("--output takes text, json or github, not '%1'.").arg(outputName));
+
     for (const QString& file : invocation.files) {
-        const Reading reading = readFile(invocation, className, file);
+        // Positions cost memory (an allocation per element), and only the
+        // faults need them: a file is read without, and an invalid one read
+        // again with them. Standard input is read once, with them.
+        const bool standardInput = file == QLatin1String("-");
+        Reading reading = readFile(invocation, asClass, file, standardInput);
+        const char* verdict = "valid";
         if (!reading.error.isEmpty()) {
-            out() << reading.error << "\n";
+            verdict = "unreadable";
             status = Unreadable;
         } else if (!reading.element->isValid()) {
-            out() << file << ": invalid " << className << " \"" << reading.elementName << "\":\n";
-            ReportPrinter(out(), invocation.faults).print(*reading.element);
+            verdict = "invalid";
             if (status == Valid)
                 status = Invalid;
+            if (!standardInput) {
+                Reading placed = readFile(invocation, reading.className, file, true);
+                if (placed.error.isEmpty())
+                    reading.element = std::move(placed.element);
+            }
+        }
+        if (output == Json) {
+            printJson(file, reading, verdict, invocation.faults);
+            continue;
+        }
+        if (output == GitHub) {
+            if (!reading.error.isEmpty()) {
+                annotate(file, reading.readError.line, reading.readError.column,
+                         reading.readError ? reading.readError.message : reading.error);
+            } else if (*verdict == 'i') {
+                const qint64 count =
+                    eachIssue(reading, invocation.faults, [&](const KelXml::XmlIssue& issue) {
+                        annotate(file, issue.line, issue.column,
+                                 issue.className + QStringLiteral(": ") + issue.message);
+                    });
+                if (count == 0)
+                    annotate(file, 1, 1, QStringLiteral("invalid ") + reading.className);
+            }
+            continue;
+        }
+        if (!reading.error.isEmpty()) {
+            out() << reading.error << "\n";
+        } else if (*verdict == 'i') {
+            out() << file << ": invalid " << described(reading) << ":\n";
+            ReportPrinter(out(), invocation.faults).print(*reading.element);
+            // The same faults, each where its element starts, for editors.
+            eachIssue(reading, invocation.faults, [&](const KelXml::XmlIssue& issue) {
+                out() << file << ':' << issue.line << ':' << issue.column << ": " << issue.className
+                      << ": " << issue.message << "\n";
+            });
         } else {
-            out() << file << ": valid " << className << " \"" << reading.elementName << "\"\n";
+            out() << file << ": valid " << described(reading) << "\n";
         }
     }
     return status;
@@ -134,13 +329,13 @@ int runCheck(const Invocation& invocation)
 int runFormat(const Invocation& invocation)
 {
     int status = Valid;
-    const QString className = classToRead(invocation, &status);
-    if (className.isEmpty())
+    QString asClass;
+    if (!classToRead(invocation, &asClass, &status))
         return status;
     if (invocation.files.size() != 1)
         return usageError(QStringLiteral("'format' takes exactly one file."));
     const QString& file = invocation.files.first();
-    return readAndWrite(invocation, className, file, [&](const Reading& reading, QFile& output) {
+    return readAndWrite(invocation, asClass, file, [&](const Reading& reading, QFile& output) {
         QXmlStreamWriter writer(&output);
         writer.setAutoFormatting(true);
         writer.writeStartDocument();
@@ -148,7 +343,7 @@ int runFormat(const Invocation& invocation)
         writer.writeEndDocument();
         output.close();
         if (!reading.element->isValid()) {
-            err() << file << ": invalid " << className << ":\n";
+            err() << file << ": invalid " << reading.className << ":\n";
             ReportPrinter(err(), invocation.faults).print(*reading.element);
             return Invalid;
         }

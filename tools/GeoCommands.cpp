@@ -19,13 +19,15 @@ QStringList mapKinds()
     return names;
 }
 
-// Objects that are invalid are drawn all the same.
+// Objects that are invalid are drawn all the same. Without --as the root
+// element says which document it is, and it must be one with a map.
 int runMap(const Invocation& invocation, MapWriter write)
 {
     const QString& command = invocation.command;
+    const bool byContent = !invocation.parser.isSet(invocation.options.as);
     const XmlDocumentKind* kind =
         XmlDocumentKind::find(KelXml::XmlElementRegistry::resolve(invocation.as()));
-    if (!kind || !kind->hasMap()) {
+    if (!byContent && (!kind || !kind->hasMap())) {
         QStringList options;
         for (const QString& name : mapKinds())
             options.append(QStringLiteral("--as ") + name);
@@ -35,9 +37,15 @@ int runMap(const Invocation& invocation, MapWriter write)
         return usageError(QStringLiteral("'%1' takes exactly one file.").arg(command));
     const QString& file = invocation.files.first();
     return readAndWrite(
-        invocation, QLatin1String(kind->rootClass), file,
+        invocation, byContent ? QString() : QLatin1String(kind->rootClass), file,
         [&](const Reading& reading, QFile& output) {
-            const MapDocument document{*kind, *reading.element, QFileInfo(file).fileName()};
+            const XmlDocumentKind* read = byContent ? XmlDocumentKind::find(reading.kind) : kind;
+            if (!read || !read->hasMap()) {
+                err() << file << ": error: " << command << " draws " << orList(mapKinds())
+                      << " documents, not a " << reading.kind << " document\n";
+                return Unreadable;
+            }
+            const MapDocument document{*read, *reading.element, QFileInfo(file).fileName()};
             const bool written = write(document, output);
             output.close();
             if (!written) {
@@ -54,8 +62,10 @@ int runMap(const Invocation& invocation, MapWriter write)
 ToolCommand mapCommand(const QString& name, const QString& help, MapWriter write)
 {
     return {name,
-            name + QStringLiteral(" --as ") + mapKinds().join(QLatin1Char('|')) +
-                QStringLiteral(" FILE"),
-            help, true,
-            [write](const Invocation& invocation) { return runMap(invocation, write); }};
+            name + QStringLiteral(" [--as ") + mapKinds().join(QLatin1Char('|')) +
+                QStringLiteral("] FILE"),
+            help,
+            true,
+            [write](const Invocation& invocation) { return runMap(invocation, write); },
+            {}};
 }

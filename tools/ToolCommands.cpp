@@ -1,5 +1,7 @@
 #include "ToolCommands.h"
 
+#include <XmlDocumentKind.h>
+
 #include <limits>
 
 using KelXml::XmlReadError;
@@ -177,18 +179,89 @@ QString Invocation::readOptions()
     return QString();
 }
 
-Reading readFile(const Invocation& invocation, const QString& className, const QString& file)
+const QCommandLineOption& outputOption()
+{
+    static const QCommandLineOption option(
+        QStringLiteral("output"),
+        QStringLiteral("check: print 'text' (the default), 'json' (one JSON record a file, "
+                       "a line each) or 'github' (one workflow annotation a fault)."),
+        QStringLiteral("text|json|github"), QStringLiteral("text"));
+    return option;
+}
+
+namespace {
+
+// The bytes of a stream, up to one past the limit (the reader then refuses it).
+QByteArray readStream(QIODevice& device, qint64 maxBytes)
+{
+    QByteArray bytes;
+    while (bytes.size() <= maxBytes) {
+        const QByteArray part = device.read(64 * 1024);
+        if (part.isEmpty())
+            break;
+        bytes += part;
+    }
+    return bytes;
+}
+
+} // namespace
+
+Reading readFile(const Invocation& invocation, const QString& className, const QString& file,
+                 bool positions)
 {
     Reading reading;
-    QFile device(file);
-    if (!device.open(QIODevice::ReadOnly)) {
+    reading.className = className;
+    QFile device;
+    bool opened = false;
+    if (file == QLatin1String("-")) {
+        opened = device.open(stdin, QIODevice::ReadOnly);
+    } else {
+        device.setFileName(file);
+        opened = device.open(QIODevice::ReadOnly);
+    }
+    if (!opened) {
         reading.error =
             QStringLiteral("%1: error: cannot open: %2").arg(file, device.errorString());
+        reading.readError.kind = XmlReadError::Device;
+        reading.readError.message = QStringLiteral("cannot open: ") + device.errorString();
         return reading;
     }
-    KelXml::XmlReadResult result = invocation.documents.read(className, &device);
-    if (result.error)
+    KelXml::XmlDocumentReader documents = invocation.documents;
+    documents.setRecordsPositions(positions);
+    // Without a class the root element is read twice: once for the kind,
+    // then as a document of that kind. A stream is held for that.
+    QByteArray bytes;
+    const bool held = className.isEmpty() && device.isSequential();
+    if (held)
+        bytes = readStream(device, documents.limits().maxBytes);
+    if (className.isEmpty()) {
+        XmlReadError error;
+        const KelXml::XmlRootShape shape = held ? documents.readRootShape(bytes, &error)
+                                                : documents.readRootShape(&device, &error);
+        const KelXml::XmlDocumentKind* kind =
+            error ? nullptr : KelXml::XmlDocumentKind::recognise(shape);
+        if (error) {
+            reading.error = readError(file, error);
+            reading.readError = error;
+            return reading;
+        }
+        if (!kind) {
+            reading.error = QStringLiteral("%1: error: the root element does not show which "
+                                           "document this is; name its class with --as")
+                                .arg(file);
+            return reading;
+        }
+        reading.kind = QLatin1String(kind->name);
+        reading.className = QLatin1String(kind->rootClass);
+        if (!held)
+            device.seek(0);
+    }
+    KelXml::XmlReadResult result = held ? documents.read(reading.className, bytes)
+                                        : documents.read(reading.className, &device);
+    if (result.error) {
         reading.error = readError(file, result.error);
+        reading.readError = result.error;
+    }
     reading.element = std::move(result.root);
     reading.elementName = result.rootName;
     return reading;

@@ -72,17 +72,28 @@ struct ToolCommand
     QString help;     // the lines --help shows beside it, already wrapped
     bool readsFiles;  // whether the limits and --faults are checked before it runs
     std::function<int(const Invocation&)> run;
+    QList<QCommandLineOption> options; // the options only this command takes
 };
+
+// check's --output text|json|github.
+const QCommandLineOption& outputOption();
 
 // What reading one file gave.
 struct Reading
 {
     std::unique_ptr<KelXml::IXmlElement> element;
     QString elementName;
-    QString error; // set when the file is unreadable
+    QString className;              // the class read, named by --as or taken from the content
+    QString kind;                   // the kind of document taken from the content; empty with --as
+    QString error;                  // set when the file is unreadable
+    KelXml::XmlReadError readError; // the same, as data; kind None when the kind is unknown
 };
 
-Reading readFile(const Invocation& invocation, const QString& className, const QString& file);
+// Reads the file ("-": standard input) as an object of the class, or, when
+// className is empty, as the kind of document its root element shows. With
+// positions, every element records where it was read (XmlIssue).
+Reading readFile(const Invocation& invocation, const QString& className, const QString& file,
+                 bool positions = false);
 
 // Reads the file, opens standard output and hands both to write; a file that
 // cannot be read, or an output that cannot be opened, is Unreadable.

@@ -21,18 +21,31 @@ namespace {
 const std::vector<ToolCommand>& commands()
 {
     static const std::vector<ToolCommand> table = {
-        {QStringLiteral("check"), QStringLiteral("check --as CLASS FILE..."),
+        {QStringLiteral("check"),
+         QStringLiteral("check [--as CLASS] FILE..."),
          QStringLiteral("Read the first element of each file as an object of\n"
                         "CLASS and say whether it is valid; otherwise print\n"
                         "the located read error or the validation report\n"
-                        "(its first 100 faults unless --faults says otherwise)."),
-         true, &runCheck},
-        {QStringLiteral("format"), QStringLiteral("format --as CLASS FILE"),
+                        "(its first 100 faults unless --faults says otherwise)\n"
+                        "and each fault where its element starts. Without\n"
+                        "--as, the root element says which document it is.\n"
+                        "--output json or github prints records for programs."),
+         true,
+         &runCheck,
+         {outputOption()}},
+        {QStringLiteral("format"),
+         QStringLiteral("format [--as CLASS] FILE"),
          QStringLiteral("Read the element and write it back to standard output\n"
                         "in its canonical, indented form."),
-         true, &runFormat},
-        {QStringLiteral("classes"), QStringLiteral("classes"),
-         QStringLiteral("List the element classes (and aliases) known."), false, &runClasses},
+         true,
+         &runFormat,
+         {}},
+        {QStringLiteral("classes"),
+         QStringLiteral("classes"),
+         QStringLiteral("List the element classes (and aliases) known."),
+         false,
+         &runClasses,
+         {}},
         mapCommand(QStringLiteral("geojson"),
                    QStringLiteral("Write the areas, stations, direction finders,\n"
                                   "receivers and emitters of a scenario snapshot or of\n"
@@ -74,6 +87,8 @@ QString description()
     }
     return text + QStringLiteral(
                       "\n"
+                      "FILE '-' reads standard input.\n"
+                      "\n"
                       "Files are read as untrusted input: a file beyond one of the limits set by\n"
                       "the --max-* options, or holding a DTD, NUL bytes or invalid UTF-8, is\n"
                       "refused as unreadable.\n"
@@ -91,8 +106,10 @@ void setUp(QCommandLineParser& parser, const ToolOptions& options)
     parser.addVersionOption();
     options.addTo(parser);
     QStringList names;
-    for (const ToolCommand& command : commands())
+    for (const ToolCommand& command : commands()) {
         names.append(command.name);
+        parser.addOptions(command.options);
+    }
     parser.addPositionalArgument(QStringLiteral("command"), orList(names) + QLatin1Char('.'));
     parser.addPositionalArgument(QStringLiteral("files"), QStringLiteral("The files to read."),
                                  QStringLiteral("[FILE...]"));
@@ -141,5 +158,13 @@ int main(int argc, char* argv[])
     }
     if (!command)
         return usageError(QStringLiteral("unknown command '%1'.").arg(invocation.command));
+    // An option of one command is wrong with any other.
+    for (const ToolCommand& other : commands()) {
+        for (const QCommandLineOption& option : other.options) {
+            if (&other != command && parser.isSet(option))
+                return usageError(QStringLiteral("--%1 is an option of '%2' only.")
+                                      .arg(option.names().first(), other.name));
+        }
+    }
     return command->run(invocation);
 }

@@ -54,6 +54,11 @@ void XmlComposite::checkChildren(XmlChecks& checks) const
     layout().checkChildren(*this, checks);
 }
 
+const QString* XmlComposite::writtenNameOf(const XmlElementBase& child) const
+{
+    return layout().nameOf(*this, child);
+}
+
 bool XmlComposite::supportsVersion() const
 {
     return XmlKit::isSupportedVersion(m_version);

@@ -34,6 +34,8 @@ protected:
     void checkVersion(XmlChecks& checks) const;
     void checkChildren(XmlChecks& checks) const;
     bool supportsVersion() const;
+    /// The name of the row that holds the child.
+    const QString* writtenNameOf(const XmlElementBase& child) const override;
 
     XmlText m_version;
 

@@ -17,19 +17,48 @@ bool visitRoot(const IXmlElement& root, const XmlGeoVisitor& visit)
     return document != nullptr;
 }
 
+// A response carries its type, or its content names it; a scenario snapshot
+// opens with its screenshot; a command message opens with a command.
+bool isResponse(const XmlRootShape& root)
+{
+    return root.hasType || root.hasResponseContent;
+}
+
+bool isScenario(const XmlRootShape& root)
+{
+    return !isResponse(root) && root.firstChild == QLatin1String("ScreenshotPath");
+}
+
+bool isCommand(const XmlRootShape& root)
+{
+    static const char* const commands[] = {"ORDER_DEF", "PropagationModel", "Administrative",
+                                           "Create",    "Delete",           "Calculate"};
+    if (isResponse(root))
+        return false;
+    for (const char* command : commands) {
+        if (root.firstChild == QLatin1String(command))
+            return true;
+    }
+    return false;
+}
+
 } // namespace
 
 const std::vector<XmlDocumentKind>& XmlDocumentKind::all()
 {
     // One row per kind, each on one line: fuzz/CMakeLists.txt reads the rows
     // from this file to build a fuzz target for each. The order is the one in
-    // which the tool names the kinds ("--as scenario or --as command").
+    // which the tool names the kinds ("--as scenario or --as command"). The
+    // last column tells a document of the kind by its root element, for the
+    // tool's check and format without --as.
+    // clang-format off
     static const std::vector<XmlDocumentKind> kinds = {
-        // name       root class      root element  fuzz target      map
-        {"scenario", "XmlKelBtType", "Scenario", "fuzz_scenario", &visitRoot<XmlKelBtType>},
-        {"command", "XmlCmdRoot", "Command", "fuzz_command", &visitRoot<XmlCmdRoot>},
-        {"response", "XmlRespRoot", "Response", "fuzz_response", nullptr},
+        // name       root class      root element  fuzz target      map                      by content
+        {"scenario", "XmlKelBtType", "Scenario", "fuzz_scenario", &visitRoot<XmlKelBtType>, &isScenario},
+        {"command", "XmlCmdRoot", "Command", "fuzz_command", &visitRoot<XmlCmdRoot>, &isCommand},
+        {"response", "XmlRespRoot", "Response", "fuzz_response", nullptr, &isResponse},
     };
+    // clang-format on
     return kinds;
 }
 
@@ -40,6 +69,15 @@ const XmlDocumentKind* XmlDocumentKind::find(const QString& nameOrRootClass)
     for (const XmlDocumentKind& kind : all()) {
         if (nameOrRootClass == QLatin1String(kind.name) ||
             nameOrRootClass == QLatin1String(kind.rootClass))
+            return &kind;
+    }
+    return nullptr;
+}
+
+const XmlDocumentKind* XmlDocumentKind::recognise(const XmlRootShape& root)
+{
+    for (const XmlDocumentKind& kind : all()) {
+        if (kind.recognises(root))
             return &kind;
     }
     return nullptr;

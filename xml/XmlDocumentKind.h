@@ -10,6 +10,20 @@ namespace KelXml {
 
 class IXmlElement;
 
+/// What the root element of a document shows of its kind: the name of the
+/// root itself is the caller's choice, but its attributes and children are
+/// not (XmlDocumentReader::readRootShape()).
+/// \ingroup framework
+struct KELXML_EXPORT XmlRootShape
+{
+    /// The root carries a "type" attribute.
+    bool hasType = false;
+    /// The name of its first child element; empty when it has none.
+    QString firstChild;
+    /// Whether one of its children is named "Automatic" or "Interactive".
+    bool hasResponseContent = false;
+};
+
 /// One kind of whole document that the client and the server exchange: a
 /// scenario snapshot, a command message or a response message.
 ///
@@ -41,6 +55,9 @@ struct KELXML_EXPORT XmlDocumentKind
     /// for an element of another class. Null when the kind has no map.
     bool (*visitGeoFeatures)(const IXmlElement& root, const XmlGeoVisitor& visit);
 
+    /// Whether a root of this shape is a document of this kind. The rows
+    /// exclude each other: at most one recognises a shape.
+    bool (*recognises)(const XmlRootShape& root);
     /// Whether the tool draws documents of this kind (geojson, svg).
     bool hasMap() const { return visitGeoFeatures != nullptr; }
 
@@ -48,6 +65,9 @@ struct KELXML_EXPORT XmlDocumentKind
     static const std::vector<XmlDocumentKind>& all();
     /// The kind of that name or root class; null when there is none.
     static const XmlDocumentKind* find(const QString& nameOrRootClass);
+    /// The kind whose row recognises the root; null when none does (an
+    /// empty root, or one that looks like no document).
+    static const XmlDocumentKind* recognise(const XmlRootShape& root);
 };
 
 } // namespace KelXml

@@ -1,6 +1,7 @@
 #include "XmlDocumentReader.h"
 
 #include "XmlElementRegistry.h"
+#include "XmlIssues.h"
 #include "XmlScanDevice.h"
 
 #include <QIODevice>
@@ -56,7 +57,7 @@ XmlReadError readerError(const QXmlStreamReader& reader, const XmlScanDevice& de
 // the root class read it and looks at what follows. A fault of the scan
 // comes first, wherever the reader got to: the document is refused, and a
 // root that read the bytes before the fault is let go.
-XmlReadResult readThrough(const QString& className, XmlScanDevice& device)
+XmlReadResult readThrough(const QString& className, XmlScanDevice& device, bool recordPositions)
 {
     XmlReadResult result;
     const auto refused = [&result, &device]() {
@@ -87,7 +88,12 @@ XmlReadResult readThrough(const QString& className, XmlScanDevice& device)
     }
     result.root = XmlElementRegistry::create(className);
     result.rootName = reader.name().toString();
-    result.root->processXml(reader, result.rootName);
+    if (recordPositions) {
+        const XmlPositionRecorder recorder(reader);
+        result.root->processXml(reader, result.rootName);
+    } else {
+        result.root->processXml(reader, result.rootName);
+    }
     if (refused())
         return result;
     if (reader.hasError()) {
@@ -123,7 +129,62 @@ XmlReadResult readThrough(const QString& className, XmlScanDevice& device)
     return result;
 }
 
+// The root's shape, read from what the device hands on.
+XmlRootShape shapeThrough(XmlScanDevice& device, XmlReadError* error)
+{
+    XmlRootShape shape;
+    XmlReadError found;
+    QXmlStreamReader reader(&device);
+    while (!reader.atEnd() && reader.readNext() != QXmlStreamReader::StartElement) {
+    }
+    if (reader.tokenType() == QXmlStreamReader::StartElement) {
+        shape.hasType = reader.attributes().hasAttribute(QLatin1String("type"));
+        while (!shape.hasType && !shape.hasResponseContent && !reader.atEnd()) {
+            const QXmlStreamReader::TokenType token = reader.readNext();
+            if (token == QXmlStreamReader::EndElement)
+                break; // the root's own end tag
+            if (token != QXmlStreamReader::StartElement)
+                continue;
+            const QStringView name = reader.name();
+            if (shape.firstChild.isEmpty())
+                shape.firstChild = name.toString();
+            shape.hasResponseContent =
+                name == QLatin1String("Automatic") || name == QLatin1String("Interactive");
+            reader.skipCurrentElement();
+        }
+    } else if (!reader.hasError()) {
+        found = simpleError(XmlReadError::NoElement, QStringLiteral("no element found"));
+        found.line = device.endLine();
+        found.column = device.endColumn();
+    }
+    if (!device.fault().isNull())
+        found = device.fault();
+    else if (reader.hasError())
+        found = readerError(reader, device, false);
+    if (error)
+        *error = found;
+    return shape;
+}
+
 } // namespace
+
+XmlRootShape XmlDocumentReader::readRootShape(const QByteArray& document, XmlReadError* error) const
+{
+    XmlScanDevice device(document, m_limits);
+    return shapeThrough(device, error);
+}
+
+XmlRootShape XmlDocumentReader::readRootShape(QIODevice* device, XmlReadError* error) const
+{
+    if (!device || !device->isReadable()) {
+        if (error)
+            *error = simpleError(XmlReadError::Device,
+                                 QStringLiteral("the device is not open for reading"));
+        return XmlRootShape();
+    }
+    XmlScanDevice scanned(device, m_limits);
+    return shapeThrough(scanned, error);
+}
 
 XmlDocumentReader::XmlDocumentReader(const XmlReadLimits& limits)
     : m_limits(limits)
@@ -144,7 +205,7 @@ XmlReadResult XmlDocumentReader::read(const QString& classNameOrAlias,
     if (className.isEmpty())
         return unknownClass(classNameOrAlias);
     XmlScanDevice device(document, m_limits);
-    return readThrough(className, device);
+    return readThrough(className, device, m_recordPositions);
 }
 
 XmlReadResult XmlDocumentReader::read(const QString& classNameOrAlias, QIODevice* device) const
@@ -159,7 +220,7 @@ XmlReadResult XmlDocumentReader::read(const QString& classNameOrAlias, QIODevice
     if (className.isEmpty())
         return unknownClass(classNameOrAlias);
     XmlScanDevice scanned(device, m_limits);
-    return readThrough(className, scanned);
+    return readThrough(className, scanned, m_recordPositions);
 }
 
 // The three documents by the names of their kinds (XmlDocumentKind).

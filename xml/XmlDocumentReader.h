@@ -1,6 +1,7 @@
 #pragma once
 
 #include "IXmlElement.h"
+#include "XmlDocumentKind.h"
 #include "XmlReadError.h"
 
 #include <QByteArray>
@@ -49,6 +50,12 @@ public:
     const XmlReadLimits& limits() const { return m_limits; }
     void setLimits(const XmlReadLimits& limits) { m_limits = limits; }
 
+    /// Whether each element read records where its start tag stands
+    /// (XmlElementBase::place(), reported by XmlIssueSink). Off by default:
+    /// a place costs a small allocation per element read.
+    bool recordsPositions() const { return m_recordPositions; }
+    void setRecordsPositions(bool record) { m_recordPositions = record; }
+
     /// Reads the document as an object of the registry class, or as the root
     /// class of the document kind of that name.
     XmlReadResult read(const QString& classNameOrAlias, const QByteArray& document) const;
@@ -72,8 +79,18 @@ public:
     /// within the limits, has no DTD, and is UTF-8 without NUL bytes.
     XmlReadError scan(const QByteArray& document) const;
 
+    /// Reads what the root element shows of the document's kind (see
+    /// XmlDocumentKind::recognise()) under the same limits, looking at the
+    /// root's children only by name: up to the end of the root, or up to a
+    /// child that settles it. A document refused or not well-formed up to
+    /// there gives its error in *error.
+    XmlRootShape readRootShape(const QByteArray& document, XmlReadError* error) const;
+    /// The same from an open device, from its current position.
+    XmlRootShape readRootShape(QIODevice* device, XmlReadError* error) const;
+
 private:
     XmlReadLimits m_limits;
+    bool m_recordPositions = false;
 };
 
 } // namespace KelXml

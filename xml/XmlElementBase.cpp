@@ -33,15 +33,19 @@ struct XmlElementBase::Report
     Report(const Report& other)
         : classname(other.classname)
         , messages(other.messages)
+        , place(other.place)
     {
         for (const Message& message : messages)
             retain(message.block);
     }
     Report& operator=(const Report&) = delete;
-    ~Report()
+    ~Report() { clearMessages(); }
+
+    void clearMessages()
     {
         for (const Message& message : messages)
             release(message.block);
+        messages.clear();
     }
 
     static void retain(Report* report)
@@ -62,6 +66,9 @@ struct XmlElementBase::Report
     const QString* classname; // first: classname() reads it through the tagged word
     std::atomic<int> references{1};
     std::vector<Message> messages;
+    // Where the element was read, when that was recorded: a report may
+    // hold a place and no message.
+    Place place;
 };
 
 namespace {
@@ -167,6 +174,28 @@ void XmlElementBase::dropReport()
     }
 }
 
+void XmlElementBase::dropMessages()
+{
+    const Report* mine = report();
+    if (!mine || mine->messages.empty())
+        return;
+    if (mine->place.isNull())
+        dropReport();
+    else
+        writableReport()->clearMessages();
+}
+
+void XmlElementBase::setPlace(Place place)
+{
+    writableReport()->place = std::move(place);
+}
+
+XmlElementBase::Place XmlElementBase::place() const
+{
+    const Report* mine = report();
+    return mine ? mine->place : Place();
+}
+
 XmlElementBase::Report* XmlElementBase::writableReport()
 {
     Report* mine = report();
@@ -219,7 +248,7 @@ void XmlElementBase::addSyntaxError(const QString& message)
 
 void XmlElementBase::clearSyntaxError()
 {
-    dropReport();
+    dropMessages();
 }
 
 QString XmlElementBase::mySyntaxError() const
@@ -227,7 +256,7 @@ QString XmlElementBase::mySyntaxError() const
     // "+++ in <class> Begin:\n<messages>\n--- in <class> End", the blocks of
     // the children written in place: the text is built once, at its size.
     const Report* mine = report();
-    if (!mine)
+    if (!mine || mine->messages.empty())
         return QString();
     QString text(mine->framedLength(), Qt::Uninitialized);
     mine->writeFramed(text.data());
@@ -238,13 +267,18 @@ void XmlElementBase::reportTo(XmlReportSink& sink) const
 {
     if (!sink.wantsMore())
         return;
-    sink.enter(classname());
+    sink.enterElement(*this, nullptr);
     XmlChecks checks(sink);
     checkContent(checks);
     sink.leave();
 }
 
 void XmlElementBase::checkContent(XmlChecks&) const {}
+
+const QString* XmlElementBase::writtenNameOf(const XmlElementBase&) const
+{
+    return nullptr;
+}
 
 void XmlChecks::failVersion(const QString& version)
 {
@@ -253,13 +287,18 @@ void XmlChecks::failVersion(const QString& version)
 
 XmlReportSink::~XmlReportSink() = default;
 
-void XmlChecks::descend(XmlElementBase& child)
+void XmlReportSink::enterElement(const XmlElementBase& element, const QString*)
+{
+    enter(element.classname());
+}
+
+void XmlChecks::descend(XmlElementBase& child, const QString* elementName)
 {
     if (m_sink) {
         if (!m_sink->wantsMore())
             return;
         XmlChecks inner(*m_sink);
-        m_sink->enter(child.classname());
+        m_sink->enterElement(child, elementName);
         child.checkContent(inner);
         m_sink->leave();
         if (!inner.m_passed)
@@ -268,10 +307,11 @@ void XmlChecks::descend(XmlElementBase& child)
     }
     // The child's report is built as its own syntaxError() builds it, and
     // its block becomes one message of this report, by reference.
-    child.dropReport();
+    child.dropMessages();
     XmlChecks inner(child);
     child.checkContent(inner);
-    if (XmlElementBase::Report* block = child.report()) {
+    XmlElementBase::Report* block = child.report();
+    if (block && !block->messages.empty()) {
         m_passed = false;
         XmlElementBase::Report::retain(block);
         m_report->writableReport()->messages.push_back({QString(), block});

@@ -9,6 +9,7 @@
 namespace KelXml {
 
 class XmlChecks;
+class XmlPositionRecorder;
 class XmlReportSink;
 
 /// The base of every element class. It holds the class name that every message
@@ -40,6 +41,23 @@ public:
     /// hold whole, or when only some of their messages are wanted.
     void reportTo(XmlReportSink& sink) const;
 
+    /// Where the element's start tag stood when it was read with positions
+    /// recorded (XmlPositionRecorder, XmlDocumentReader::setRecordsPositions()):
+    /// the line and column as Qt reports them on the start tag (1-based),
+    /// the element name and its number among the siblings of that name
+    /// (1 for the first). All zero, and a null name, otherwise: for an element
+    /// built by setters or read without positions. Copies keep the place;
+    /// reset() drops it.
+    struct Place
+    {
+        QString elementName;
+        qint64 line = 0;
+        qint64 column = 0;
+        int index = 0;
+        bool isNull() const { return line == 0; }
+    };
+    Place place() const;
+
 protected:
     /// A class name that outlives every object made with it, such as one
     /// held by a static table: the object refers to it as it is.
@@ -68,10 +86,16 @@ protected:
     /// States the element's rules: its version, its bounds in order, then its
     /// children in writing order. The default has no rules.
     virtual void checkContent(XmlChecks& checks) const;
+    /// The name the element writes the child with, for a walk that locates
+    /// messages and was not told it; null when unknown (the default).
+    virtual const QString* writtenNameOf(const XmlElementBase& child) const;
 
 private:
     friend class XmlChecks;
     friend class XmlElementReader;
+    friend class XmlIssueSink;
+    friend class XmlPositionRecorder;
+    friend class XmlReportSink;
 
     struct Report;
     Report* report() const
@@ -79,6 +103,9 @@ private:
         return m_state & 1 ? reinterpret_cast<Report*>(m_state & ~quintptr(1)) : nullptr;
     }
     void dropReport();
+    // Drops the accumulated messages and keeps the place, if any.
+    void dropMessages();
+    void setPlace(Place place);
     // The report, created when there is none and unshared before it changes.
     Report* writableReport();
 
@@ -102,6 +129,11 @@ public:
     virtual ~XmlReportSink();
     /// The checks of an element begin; classname is what its block is framed with.
     virtual void enter(const QString& classname) = 0;
+    /// The same, with the element whose checks begin and the name its parent
+    /// writes it with (null for the element the walk starts from, or when the
+    /// parent does not say). The default calls enter() with the element's
+    /// class name; a sink that locates messages overrides it.
+    virtual void enterElement(const XmlElementBase& element, const QString* elementName);
     /// A message of the element entered last and not yet left: one line of
     /// the report, or several for an element outside the framework.
     virtual void message(const QString& text) = 0;
@@ -146,19 +178,21 @@ public:
         if (!ok)
             fail(message);
     }
-    /// Takes in a child's verdict or report; a null child is skipped.
-    void child(XmlElementBase* child)
+    /// Takes in a child's verdict or report; a null child is skipped. The
+    /// element name is the one the child is written with, for a sink that
+    /// locates messages.
+    void child(XmlElementBase* child, const QString* elementName = nullptr)
     {
         if (!child)
             return;
         if (m_report || m_sink)
-            descend(*child);
+            descend(*child, elementName);
         else if (m_passed && !child->isValid())
             m_passed = false;
     }
     template <class T>
     /// Takes in every child of the list, in order.
-    void children(const QList<T*>& list)
+    void children(const QList<T*>& list, const QString* elementName = nullptr)
     {
         // The members lie apart on the heap: asking for the next ones early
         // overlaps their fetching with the work on this one.
@@ -168,7 +202,7 @@ public:
             if (i + 2 < count)
                 __builtin_prefetch(list.at(i + 2));
 #endif
-            child(list.at(i));
+            child(list.at(i), elementName);
         }
     }
 
@@ -176,7 +210,7 @@ private:
     void fail(const QString& message);
     void failVersion(const QString& version);
     // The child's own rules, run in the mode of these checks.
-    void descend(XmlElementBase& child);
+    void descend(XmlElementBase& child, const QString* elementName);
 
     XmlElementBase* m_report = nullptr;
     XmlReportSink* m_sink = nullptr;

@@ -1,6 +1,7 @@
 #include "XmlElementReader.h"
 
 #include "XmlEnumTexts.h"
+#include "XmlIssues.h"
 #include "XmlKit.h"
 #include "XmlNumberText.h"
 
@@ -222,6 +223,20 @@ void XmlElementReader::otherToken(QXmlStreamReader::TokenType type)
     default: // comments, processing instructions, DTDs, entity references
         break;
     }
+}
+
+XmlPositionRecorder* XmlElementReader::recorderOf(XmlElementBase& element, QXmlStreamReader& reader,
+                                                  const QString& elementName)
+{
+    XmlPositionRecorder* recorder = XmlPositionRecorder::of(reader);
+    if (recorder)
+        recorder->enter(element, elementName);
+    return recorder;
+}
+
+void XmlElementReader::recorded()
+{
+    m_recorder->leave();
 }
 
 } // namespace KelXml

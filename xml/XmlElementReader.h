@@ -17,6 +17,8 @@
 
 namespace KelXml {
 
+class XmlPositionRecorder;
+
 // Reads one element for an element object: raises its located errors and runs
 // the token loop that every class shares.
 class KELXML_EXPORT XmlElementReader
@@ -59,7 +61,15 @@ public:
         , m_reader(reader)
         , m_elementName(elementName)
         , m_wording(wording)
+        , m_recorder(reader.entityResolver() ? recorderOf(element, reader, elementName) : nullptr)
     {}
+    ~XmlElementReader()
+    {
+        if (m_recorder)
+            recorded();
+    }
+    XmlElementReader(const XmlElementReader&) = delete;
+    XmlElementReader& operator=(const XmlElementReader&) = delete;
 
     QXmlStreamReader& reader() const { return m_reader; }
     const QString& elementName() const { return m_elementName; }
@@ -143,16 +153,23 @@ public:
                 fail(badValue);
         });
     }
+
 private:
     // The loop's messages, out of its way.
     void refuseStart();
     void refuseEnd(QStringView name);
     void otherToken(QXmlStreamReader::TokenType type);
+    // The position recorder standing on the reader, which has then been told
+    // that the element begins; null when positions are not recorded.
+    static XmlPositionRecorder* recorderOf(XmlElementBase& element, QXmlStreamReader& reader,
+                                           const QString& elementName);
+    void recorded();
 
     XmlElementBase& m_element;
     QXmlStreamReader& m_reader;
     const QString& m_elementName; // the caller's, alive while the element is read
     Wording m_wording;
+    XmlPositionRecorder* m_recorder;
 };
 
 template <class T>

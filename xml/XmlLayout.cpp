@@ -26,7 +26,19 @@ XmlField XmlField::wrapper(const char* name, std::initializer_list<XmlField> row
 {
     XmlField field(name, true, Wrapper);
     field.m_rows.assign(rows.begin(), rows.end());
+    for (XmlField& row : field.m_rows)
+        row.prefixPath(field.m_writeName);
     return field;
+}
+
+void XmlField::prefixPath(const QString& wrapper)
+{
+    if (m_kind == Wrapper || m_kind == Group) {
+        for (XmlField& row : m_rows)
+            row.prefixPath(wrapper);
+    } else {
+        m_pathName = wrapper + QLatin1Char('/') + *pathName();
+    }
 }
 
 XmlField XmlField::oneOf(std::initializer_list<XmlField> alternatives, const char* neitherMessage)
@@ -264,7 +276,7 @@ void XmlField::check(const XmlElementBase& owner, XmlChecks& checks) const
         if (m_check)
             m_check(*this, owner, checks);
         else
-            checks.child(m_get(*this, owner));
+            checks.child(m_get(*this, owner), pathName());
     } else if (m_kind == Wrapper) {
         for (const XmlField& row : m_rows)
             row.check(owner, checks);
@@ -273,22 +285,49 @@ void XmlField::check(const XmlElementBase& owner, XmlChecks& checks) const
     }
 }
 
+const QString* XmlField::nameOf(const XmlElementBase& owner, const XmlElementBase& child) const
+{
+    if (m_kind == Wrapper || m_kind == Group) {
+        for (const XmlField& row : m_rows) {
+            if (const QString* name = row.nameOf(owner, child))
+                return name;
+        }
+        return nullptr;
+    }
+    if (m_kind != Child)
+        return nullptr;
+    const bool holds =
+        m_holds ? m_holds(*this, owner, child) : m_get && m_get(*this, owner) == &child;
+    return holds ? pathName() : nullptr;
+}
+
 void XmlField::checkGroup(const XmlElementBase& owner, XmlChecks& checks) const
 {
     XmlElementBase* present = nullptr;
+    const QString* presentName = nullptr;
     int count = 0;
     for (const XmlField& alternative : m_rows) {
         XmlElementBase* child = alternative.m_get ? alternative.m_get(alternative, owner) : nullptr;
         if (child) {
             present = child;
+            presentName = alternative.pathName();
             ++count;
             if (!m_exclusive)
-                checks.child(child);
+                checks.child(child, presentName);
         }
     }
     if (m_exclusive && count == 1)
-        checks.child(present);
+        checks.child(present, presentName);
     checks.expect(m_required ? count == 1 : count <= 1, m_countMessage);
+}
+
+const QString* XmlLayout::nameOf(const XmlElementBase& owner, const XmlElementBase& child) const
+{
+    for (const XmlField& field : m_fields) {
+        if (const QString* name = field.nameOf(owner, child))
+            return name;
+    }
+    return nullptr;
 }
 
 XmlField XmlAttribute::refusedAsIllegal(const XmlField& field)

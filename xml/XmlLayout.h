@@ -111,12 +111,20 @@ public:
         };
         field.m_check = [](const XmlField& f, const XmlElementBase& owner, XmlChecks& checks) {
             const List& items = f.at<Owner, List>(owner);
-            checks.children(items.list());
+            checks.children(items.list(), f.pathName());
             if (!f.m_countMessage.isNull())
                 checks.expect(!items.isEmpty(), f.m_countMessage);
         };
         field.m_clear = [](const XmlField& f, XmlElementBase& owner) {
             f.at<Owner, List>(owner).clear();
+        };
+        field.m_holds = [](const XmlField& f, const XmlElementBase& owner,
+                           const XmlElementBase& child) {
+            for (const T* item : f.at<Owner, List>(owner).list()) {
+                if (item == &child)
+                    return true;
+            }
+            return false;
         };
         return field;
     }
@@ -374,6 +382,7 @@ private:
     using AfterRead = void (*)(const XmlField&, XmlElementBase&, IXmlElement*);
     using Write = void (*)(const XmlField&, const XmlElementBase&, QXmlStreamWriter&);
     using Check = void (*)(const XmlField&, const XmlElementBase&, XmlChecks&);
+    using Holds = bool (*)(const XmlField&, const XmlElementBase&, const XmlElementBase&);
     using Clear = void (*)(const XmlField&, XmlElementBase&);
     using Take = Outcome (*)(const XmlField&, XmlElementBase&, QStringView);
     using Format = QString (*)(const XmlField&, const XmlElementBase&);
@@ -437,9 +446,16 @@ private:
     void write(const XmlElementBase& owner, QXmlStreamWriter& writer) const;
     void check(const XmlElementBase& owner, XmlChecks& checks) const;
     void checkGroup(const XmlElementBase& owner, XmlChecks& checks) const;
+    const QString* nameOf(const XmlElementBase& owner, const XmlElementBase& child) const;
+
+    // The name a checked child is reported under: its written name, behind
+    // the names of the wrappers around its row.
+    const QString* pathName() const { return m_pathName.isEmpty() ? &m_writeName : &m_pathName; }
+    void prefixPath(const QString& wrapper);
 
     QString m_readName;
     QString m_writeName;
+    QString m_pathName; // "Wrapper/Name" inside a wrapper, else empty
     Kind m_kind;
     bool m_required;
     bool m_repeated = false;
@@ -463,6 +479,7 @@ private:
     Read m_read = nullptr;
     Write m_write = nullptr;
     Check m_check = nullptr;
+    Holds m_holds = nullptr; // a list row: whether the list holds the child
     Clear m_clear = nullptr;
     AfterRead m_afterRead = nullptr;
     Take m_take = nullptr;
@@ -616,6 +633,9 @@ public:
     void checkChildren(const XmlElementBase& owner, XmlChecks& checks) const;
     // Resets the children held by value, deletes the others, empties lists.
     void resetChildren(XmlElementBase& owner) const;
+    // The name, behind its wrappers, of the row that holds the child; null
+    // when no row does.
+    const QString* nameOf(const XmlElementBase& owner, const XmlElementBase& child) const;
 
 private:
     friend class XmlSeen;

@@ -4,6 +4,10 @@
 
 namespace KelXml {
 
+namespace {
+const QString nameElement = QStringLiteral("Name");
+} // namespace
+
 // Reading starts on the next token, wherever the reader stands; the names
 // held are kept and the names read are appended. Either "All", which deletes
 // the names held and whose content is skipped, or any number of "Name".
@@ -48,7 +52,8 @@ void XmlNameAllMultiType::processXml(QXmlStreamReader& reader, const QString& el
 void XmlNameAllMultiType::checkContent(XmlChecks& checks) const
 {
     checks.expect(m_initialized, QStringLiteral("Uninitialized."));
-    checks.children(m_names.list());
+    // Named here: finding each name's row would scan the list for it.
+    checks.children(m_names.list(), &nameElement);
 }
 
 void XmlNameAllMultiType::reset()

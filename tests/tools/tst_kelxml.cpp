@@ -1,6 +1,7 @@
 // The kelxml tool as a user runs it: its answers and exit codes. Every sample
 // under examples/ is also checked by the "examples" test.
 
+#include <QDir>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -34,7 +35,12 @@ private slots:
         QTest::addColumn<QString>("message");
         QTest::newRow("no command") << QStringList() << "no command given.";
         QTest::newRow("unknown command") << QStringList{"lint"} << "unknown command 'lint'.";
-        QTest::newRow("no class") << QStringList{"check", "a.xml"} << "'check' needs --as CLASS";
+        QTest::newRow("no file") << QStringList{"check"} << "'check' needs a file.";
+        QTest::newRow("unknown output") << QStringList{"check", "--output", "xml", "a.xml"}
+                                        << "--output takes text, json or github, not 'xml'.";
+        QTest::newRow("output of another command")
+            << QStringList{"format", "--output", "json", "a.xml"}
+            << "--output is an option of 'check' only.";
         QTest::newRow("unknown class")
             << QStringList{"check", "--as", "XmlNoSuchType", "a.xml"}
             << "unknown element class 'XmlNoSuchType' (see '" KELXML_TOOL_NAME " classes').";
@@ -62,8 +68,6 @@ private slots:
         QTest::newRow("word as faults")
             << QStringList{"check", "-a", "command", "--faults", "most", "a"}
             << "--faults needs a number of faults or 'all', not 'most'.";
-        QTest::newRow("map without class")
-            << QStringList{"geojson", "a.xml"} << "'geojson' needs --as scenario or --as command.";
         QTest::newRow("map of another class") << QStringList{"svg", "--as", "response", "a.xml"}
                                               << "'svg' needs --as scenario or --as command.";
         QTest::newRow("map of two files") << QStringList{"geojson", "--as", "XmlCmdRoot", "a", "b"}
@@ -89,24 +93,30 @@ private slots:
         QCOMPARE(run.status, 0);
         const QString commands =
             "Commands:\n"
-            "  check --as CLASS FILE...  Read the first element of each file as an object of\n"
+            "  check [--as CLASS] FILE...\n"
+            "                            Read the first element of each file as an object of\n"
             "                            CLASS and say whether it is valid; otherwise print\n"
             "                            the located read error or the validation report\n"
-            "                            (its first 100 faults unless --faults says otherwise).\n"
-            "  format --as CLASS FILE    Read the element and write it back to standard output\n"
+            "                            (its first 100 faults unless --faults says otherwise)\n"
+            "                            and each fault where its element starts. Without\n"
+            "                            --as, the root element says which document it is.\n"
+            "                            --output json or github prints records for programs.\n"
+            "  format [--as CLASS] FILE  Read the element and write it back to standard output\n"
             "                            in its canonical, indented form.\n"
             "  classes                   List the element classes (and aliases) known.\n"
-            "  geojson --as scenario|command FILE\n"
+            "  geojson [--as scenario|command] FILE\n"
             "                            Write the areas, stations, direction finders,\n"
             "                            receivers and emitters of a scenario snapshot or of\n"
             "                            the create commands of a command message as GeoJSON.\n"
-            "  svg --as scenario|command FILE\n"
+            "  svg [--as scenario|command] FILE\n"
             "                            Write the same objects as an SVG map.\n"
+            "\n"
+            "FILE '-' reads standard input.\n"
             "\n"
             "Files are read as untrusted input:";
         QVERIFY2(run.out.contains(commands), qPrintable(run.out));
         QVERIFY2(run.out.contains(
-                     "\n  command                 check, format, classes, geojson or svg.\n"),
+                     "\n  command                      check, format, classes, geojson or svg.\n"),
                  qPrintable(run.out));
     }
 
@@ -138,7 +148,9 @@ private slots:
         QCOMPARE(run.out,
                  valid + ": valid XmlFreqType \"F\"\n" + invalid +
                      ": invalid XmlFreqType \"F\":\n    +++ in XmlFreqType Begin:\n"
-                     "    Illegal frequency.\n    Illegal unit.\n    --- in XmlFreqType End\n");
+                     "    Illegal frequency.\n    Illegal unit.\n    --- in XmlFreqType End\n" +
+                     invalid + ":1:28: XmlFreqType: Illegal frequency.\n" + invalid +
+                     ":1:28: XmlFreqType: Illegal unit.\n");
 
         run = kelxml({"check", "--as", "XmlFreqType", missing, trailing, invalid});
         QCOMPARE(run.status, 2);
@@ -153,6 +165,10 @@ private slots:
     {
         QTest::addColumn<QStringList>("options");
         QTest::addColumn<QString>("report");
+        QTest::addColumn<QStringList>("located"); // as many as the report shows
+        const QStringList located{":1:23: XmlFreqThrPairType: Version \"2.0\" not supported",
+                                  ":1:170: XmlFieldstrengthType: Illegal unit.",
+                                  ":1:213: XmlFreqThrPairType: Version \"3.0\" not supported"};
         const QString whole = "    +++ in XmlFreqThrListType Begin:\n"
                               "    +++ in XmlFreqThrPairType Begin:\n"
                               "    Version \"2.0\" not supported\n"
@@ -166,23 +182,26 @@ private slots:
                               "    Version \"3.0\" not supported\n"
                               "    --- in XmlFreqThrPairType End\n"
                               "    --- in XmlFreqThrListType End\n";
-        QTest::newRow("default") << QStringList() << whole;
-        QTest::newRow("all") << QStringList{"--faults", "all"} << whole;
-        QTest::newRow("as many as there are") << QStringList{"--faults", "3"} << whole;
+        QTest::newRow("default") << QStringList() << whole << located;
+        QTest::newRow("all") << QStringList{"--faults", "all"} << whole << located;
+        QTest::newRow("as many as there are") << QStringList{"--faults", "3"} << whole << located;
         // The first nine lines hold two faults; the list's block is closed after them.
         const QStringList lines = whole.split('\n');
         QTest::newRow("two") << QStringList{"--faults", "2"}
                              << lines.mid(0, 9).join('\n') + "\n" + lines.at(12) +
                                     "\n    ... 1 more fault of 3 not shown (--faults all shows "
-                                    "every one)\n";
+                                    "every one)\n"
+                             << QStringList(located.mid(0, 2));
         QTest::newRow("none") << QStringList{"--faults", "0"}
                               << "    ... 3 more faults of 3 not shown (--faults all shows every "
-                                 "one)\n";
+                                 "one)\n"
+                              << QStringList();
     }
     void reportIsCutAfterTheFaultsAsked()
     {
         QFETCH(QStringList, options);
         QFETCH(QString, report);
+        QFETCH(QStringList, located);
         QTemporaryDir dir;
         QFile file(dir.filePath(QStringLiteral("pairs.xml")));
         QVERIFY(file.open(QIODevice::WriteOnly));
@@ -196,7 +215,10 @@ private slots:
         const Run run =
             kelxml(QStringList{"check", "--as", "XmlFreqThrListType", file.fileName()} + options);
         QCOMPARE(run.status, 1);
-        QCOMPARE(run.out, file.fileName() + ": invalid XmlFreqThrListType \"L\":\n" + report);
+        QString expected = file.fileName() + ": invalid XmlFreqThrListType \"L\":\n" + report;
+        for (const QString& line : located)
+            expected += file.fileName() + line + QLatin1Char('\n');
+        QCOMPARE(run.out, expected);
     }
 
     // A file beyond a limit is unreadable; the answer names the limit and the
@@ -322,6 +344,119 @@ private slots:
         QCOMPARE(run.out, QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
                                          "<Frequency version=\"1.0\" unit=\"kHz\">2400.000000"
                                          "</Frequency>\n"));
+    }
+    // Without --as every sample of the three documents gets the answer it gets
+    // with it, and the answer says which kind was taken.
+    void byContentAsWithAs_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<QString>("kind");
+        const QList<QPair<QString, QString>> documents{
+            {"XmlCmdRoot", "command"}, {"XmlRespRoot", "response"}, {"XmlKelBtType", "scenario"}};
+        for (const auto& document : documents) {
+            const QDir dir(QStringLiteral(KELXML_EXAMPLES "/") + document.first);
+            for (const QString& name : dir.entryList({QStringLiteral("*.xml")}, QDir::Files))
+                QTest::newRow(qPrintable(document.first + '/' + name))
+                    << dir.filePath(name) << document.second;
+        }
+    }
+    void byContentAsWithAs()
+    {
+        QFETCH(QString, file);
+        QFETCH(QString, kind);
+        const Run with = kelxml({"check", "--as", kind, file});
+        const Run without = kelxml({"check", file});
+        QCOMPARE(without.status, with.status);
+        const QString taken = " (read as " + kind + ")";
+        if (with.status != 2)
+            QVERIFY2(without.out.contains(taken), qPrintable(without.out));
+        QCOMPARE(QString(without.out).replace(taken, QString()), with.out);
+        const Run json = kelxml({"check", "--output", "json", file});
+        QCOMPARE(json.status, with.status);
+        QVERIFY2(json.out.contains("\"kind\":\"" + kind + "\""), qPrintable(json.out));
+    }
+
+    // A root that shows no kind is refused and the answer asks for --as; the
+    // other files are still answered.
+    void rootWithoutKindNeedsAs()
+    {
+        QTemporaryDir dir;
+        const QString empty = dir.filePath(QStringLiteral("empty.xml"));
+        QFile out(empty);
+        QVERIFY(out.open(QIODevice::WriteOnly));
+        out.write("<Command></Command>");
+        out.close();
+        const QString valid = QStringLiteral(KELXML_EXAMPLES "/XmlCmdRoot/valid-create-aoi.xml");
+        const Run run = kelxml({"check", empty, valid});
+        QCOMPARE(run.status, 2);
+        QVERIFY2(run.out.startsWith(empty + ": error: ") && run.out.contains("--as") &&
+                     run.out.contains(valid + ": valid XmlCmdRoot"),
+                 qPrintable(run.out));
+        const Run json = kelxml({"check", "--output", "json", empty});
+        QCOMPARE(json.status, 2);
+        QVERIFY2(
+            json.out.contains("\"verdict\":\"unreadable\",\"error\":{\"kind\":\"UnknownKind\""),
+            qPrintable(json.out));
+    }
+
+    // "-" reads standard input, with --as or without.
+    void standardInput_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<QString>("answer");
+        QTest::newRow("as command") << QStringList{"check", "--as", "command", "-"}
+                                    << "-: invalid XmlCmdRoot \"Command\":\n";
+        QTest::newRow("by content") << QStringList{"check", "-"}
+                                    << "-: invalid XmlCmdRoot \"Command\" (read as command):\n";
+        QTest::newRow("format") << QStringList{"format", "-"} << "<?xml version=\"1.0\"";
+    }
+    void standardInput()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(QString, answer);
+        QFile sample(QStringLiteral(KELXML_EXAMPLES "/XmlCmdRoot/invalid-station-and-order.xml"));
+        QVERIFY(sample.open(QIODevice::ReadOnly));
+        QProcess process;
+        process.start(QStringLiteral(KELXML_TOOL), arguments);
+        process.write(sample.readAll());
+        process.closeWriteChannel();
+        QVERIFY(process.waitForFinished(20000));
+        QCOMPARE(process.exitCode(), 1);
+        const QString out = QString::fromUtf8(process.readAllStandardOutput());
+        QVERIFY2(out.startsWith(answer), qPrintable(out));
+        if (arguments.first() == QLatin1String("check"))
+            QVERIFY2(out.contains("\n-:25:46: XmlDegreesType: Illegal decibel.\n"),
+                     qPrintable(out));
+    }
+
+    // github: one annotation a fault, where the text output's located lines
+    // put it; a file beyond a limit is one annotation at the fault.
+    void githubAnnotations()
+    {
+        const QString file =
+            QStringLiteral(KELXML_EXAMPLES "/XmlCmdRoot/invalid-station-and-order.xml");
+        const Run text = kelxml({"check", file});
+        const Run github = kelxml({"check", "--output", "github", file});
+        QCOMPARE(github.status, text.status);
+        const QStringList annotations = github.out.split('\n', Qt::SkipEmptyParts);
+        QStringList located;
+        for (const QString& line : text.out.split('\n')) {
+            if (line.startsWith(file + ':') && line.at(file.size() + 1).isDigit())
+                located.append(line.mid(file.size() + 1));
+        }
+        QCOMPARE(annotations.size(), located.size());
+        for (int i = 0; i < annotations.size(); ++i) {
+            const QStringList place = located.at(i).section(": ", 0, 0).split(':');
+            const QString message = located.at(i).section(": ", 1);
+            QCOMPARE(annotations.at(i), "::error file=" + QString(file).replace(':', "%3A") +
+                                            ",line=" + place.at(0) + ",col=" + place.at(1) +
+                                            "::" + message);
+        }
+        const Run refused = kelxml({"check", "--output", "github", "--max-depth", "2", file});
+        QCOMPARE(refused.status, 2);
+        QVERIFY2(refused.out.startsWith("::error file=") &&
+                     refused.out.count(QLatin1String("::error")) == 1,
+                 qPrintable(refused.out));
     }
 };
 

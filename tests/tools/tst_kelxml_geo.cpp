@@ -269,6 +269,31 @@ private slots:
         QVERIFY(legend);
     }
 
+    // Without --as the root says which document it is: the same map, and a
+    // response, which has none, is refused.
+    void byContent()
+    {
+        for (const QString& className :
+             {QStringLiteral("XmlKelBtType"), QStringLiteral("XmlCmdRoot")}) {
+            const QDir folder(QStringLiteral(KELXML_EXAMPLES) + "/" + className);
+            const QString alias = className == "XmlCmdRoot" ? "command" : "scenario";
+            for (const QString& name : folder.entryList({"valid-*.xml"}, QDir::Files)) {
+                const QString file = folder.filePath(name);
+                for (const QString& command : {QStringLiteral("geojson"), QStringLiteral("svg")}) {
+                    const Run with = kelxml({command, "--as", alias, file});
+                    const Run without = kelxml({command, file});
+                    QCOMPARE(without.status, with.status);
+                    QCOMPARE(without.out, with.out);
+                }
+            }
+        }
+        const Run response =
+            kelxml({"svg", QStringLiteral(KELXML_EXAMPLES "/XmlRespRoot/valid-version.xml")});
+        QCOMPARE(response.status, 2);
+        QVERIFY2(response.out.isEmpty() && response.err.contains("not a response document"),
+                 qPrintable(response.err));
+    }
+
     // Outlines, markers (the invalid one in its own style), escaped names and
     // the counts of the legend on the map of the small scenario; the object
     // at an infinite longitude is counted but not drawn.

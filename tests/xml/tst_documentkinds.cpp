@@ -142,6 +142,81 @@ private slots:
         }
         QCOMPARE(rows.join(QLatin1Char(',')), QStringLiteral(KELXML_BUILD_KINDS));
     }
+    // The root element tells the kind: a response by its type or content
+    // wherever it stands, a snapshot by its first child, a command by its
+    // first command; anything else is none.
+    void byContent_data()
+    {
+        QTest::addColumn<QByteArray>("document");
+        QTest::addColumn<QString>("kind"); // empty: none
+        QTest::newRow("typed root") << QByteArray("<R type=\"ack\"/>") << "response";
+        QTest::newRow("typed root, command first")
+            << QByteArray("<R type=\"x\"><Create/></R>") << "response";
+        QTest::newRow("automatic after order")
+            << QByteArray("<R><ORDER_DEF/><Automatic/></R>") << "response";
+        QTest::newRow("interactive after screenshot")
+            << QByteArray("<R><ScreenshotPath/><Interactive/></R>") << "response";
+        QTest::newRow("automatic inside a child is no response")
+            << QByteArray("<R><Create><Automatic/></Create></R>") << "command";
+        QTest::newRow("screenshot first") << QByteArray("<S><ScreenshotPath>a</ScreenshotPath>"
+                                                        "<DisplayedObjects/></S>")
+                                          << "scenario";
+        QTest::newRow("screenshot second") << QByteArray("<S><X/><ScreenshotPath/></S>") << "";
+        for (const char* command :
+             {"ORDER_DEF", "Administrative", "Create", "Delete", "PropagationModel", "Calculate"})
+            QTest::newRow(command) << QByteArray("<C><") + command + "/></C>"
+                                   << "command";
+        QTest::newRow("lower case command") << QByteArray("<C><create/></C>") << "";
+        QTest::newRow("empty root") << QByteArray("<C/>") << "";
+        QTest::newRow("text only") << QByteArray("<C>Create</C>") << "";
+        QTest::newRow("other attribute") << QByteArray("<C Type=\"a\"/>") << "";
+    }
+    void byContent()
+    {
+        QFETCH(QByteArray, document);
+        QFETCH(QString, kind);
+        XmlReadError error;
+        const XmlRootShape shape = XmlDocumentReader().readRootShape(document, &error);
+        QVERIFY2(!error, qPrintable(error.text()));
+        const XmlDocumentKind* found = XmlDocumentKind::recognise(shape);
+        QCOMPARE(found ? QString::fromLatin1(found->name) : QString(), kind);
+        int recognising = 0;
+        for (const XmlDocumentKind& row : XmlDocumentKind::all())
+            recognising += row.recognises(shape) ? 1 : 0;
+        QVERIFY(recognising <= 1);
+    }
+
+    // Every sample of a kind is told by its content, the unreadable ones too
+    // when their fault lies past the root's children; the limits hold.
+    void samplesByContent()
+    {
+        for (const XmlDocumentKind& kind : XmlDocumentKind::all()) {
+            const QDir dir(QStringLiteral(KELXML_EXAMPLES "/") + QLatin1String(kind.rootClass));
+            for (const QString& name : dir.entryList({QStringLiteral("*.xml")}, QDir::Files)) {
+                XmlReadError error;
+                const XmlRootShape shape =
+                    XmlDocumentReader().readRootShape(contents(dir.filePath(name)), &error);
+                if (error)
+                    continue;
+                const XmlDocumentKind* found = XmlDocumentKind::recognise(shape);
+                QVERIFY2(found == &kind, qPrintable(name));
+            }
+        }
+        XmlReadLimits limits;
+        limits.maxDepth = 2;
+        XmlReadError error;
+        XmlDocumentReader(limits).readRootShape(QByteArray("<C><Create><a/></Create></C>"), &error);
+        QCOMPARE(error.kind, XmlReadError::DepthLimit);
+        // A document broken before its kind shows is refused as reading refuses it.
+        for (const char* broken :
+             {"<C><Create>", "<!-- none -->", "", "<C>\n<!DOCTYPE x>", "<C a='1' a='2'/>"}) {
+            XmlDocumentReader().readRootShape(QByteArray(broken), &error);
+            const XmlReadError read = XmlDocumentReader().readCommand(QByteArray(broken)).error;
+            QVERIFY2(error && error.kind == read.kind && error.line == read.line &&
+                         error.column == read.column,
+                     broken);
+        }
+    }
 };
 
 QTEST_GUILESS_MAIN(tst_DocumentKinds)

@@ -179,8 +179,13 @@ void XmlGridResultType::checkContent(XmlChecks& checks) const
             held += parameter(type) ? 1 : 0;
         checks.expect(parameter(m_type) && held == 1, mismatchMessages.text(m_type));
     }
-    for (int type = firstType; type <= lastType; ++type)
-        checks.child(parameter(type));
+    for (int type = firstType; type <= lastType; ++type) {
+        if (XmlElementBase* object = parameter(type)) {
+            // Written inside the wrapper of its type.
+            const QString written = wrapperNames.text(type) + QLatin1Char('/') + parameterElement;
+            checks.child(object, &written);
+        }
+    }
     checks.expect(m_type != ResultUndefined, QStringLiteral("Type not defined"));
     checks.expect(!m_screenshotFilename.isEmpty(), QStringLiteral("Screenshot path not set"));
 }

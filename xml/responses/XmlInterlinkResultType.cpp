@@ -80,7 +80,7 @@ void XmlInterlinkResultType::produceXml(QXmlStreamWriter& writer, const QString&
 
 void XmlInterlinkResultType::checkContent(XmlChecks& checks) const
 {
-    checks.child(const_cast<XmlInterlinkPlanningType*>(&m_parameters));
+    checks.child(const_cast<XmlInterlinkPlanningType*>(&m_parameters), &parametersElement);
     checks.expect(!m_resultText.isEmpty(), QStringLiteral("Missing Result Text"));
 }
 

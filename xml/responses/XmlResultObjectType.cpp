@@ -83,10 +83,10 @@ void XmlResultObjectType::produceXml(QXmlStreamWriter& writer, const QString& el
 
 void XmlResultObjectType::checkContent(XmlChecks& checks) const
 {
-    checks.child(m_station.get());
-    checks.child(m_emitter.get());
-    checks.child(m_rx.get());
-    checks.child(m_df.get());
+    checks.child(m_station.get(), &stationElement);
+    checks.child(m_emitter.get(), &emitterElement);
+    checks.child(m_rx.get(), &receiverElement);
+    checks.child(m_df.get(), &dfElement);
 }
 
 void XmlResultObjectType::reset()

@@ -118,7 +118,7 @@ void XmlAreaPolyType::checkContent(XmlChecks& checks) const
     // The walk stops at the first vertex out of order; later ones say nothing.
     int previous = -1;
     for (XmlNumCoordType* vertex : m_vertices) {
-        checks.child(vertex);
+        checks.child(vertex, &vertexElement);
         if (!(vertex->number() > previous)) {
             checks.expect(false, QStringLiteral("Illegal numbering."));
             break;
