@@ -70,9 +70,12 @@ for target in "${targets[@]}"; do
     fill_corpus "$target"
     echo "== $target for $seconds s"
     log=$build/$target.log
+    # Crashes, timeouts and slow inputs are written beside the corpora, not
+    # into the folder the script is run from.
+    mkdir -p "$build/artifacts"
     # shellcheck disable=SC2086
     if ! "$fuzzer" -max_total_time="$seconds" -max_len="$max_len" -timeout="$timeout" \
-        -rss_limit_mb=2048 -report_slow_units=2 \
+        -rss_limit_mb=2048 -report_slow_units=2 -artifact_prefix="$build/artifacts/$target-" \
         -dict="$root/fuzz/kelxml.dict" -print_final_stats=1 ${FUZZ_OPTIONS:-} \
         "$build/corpus/$target" > "$log" 2>&1; then
         tail -n 60 "$log"
