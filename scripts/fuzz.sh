@@ -52,9 +52,9 @@ fill_corpus() {
     *) cp "$root"/examples/"$samples"/*.xml "$corpus"/ ;;
     esac
     if [ -n "${FUZZ_SEEDS:-}" ]; then
-        local seed
-        for seed in "$FUZZ_SEEDS/${target#fuzz_}"/*; do
-            [ -e "$seed" ] && cp "$seed" "$corpus"/
+        local extra
+        for extra in "$FUZZ_SEEDS/${target#fuzz_}"/*; do
+            [ -e "$extra" ] && cp "$extra" "$corpus"/
         done
     fi
     return 0

@@ -4,7 +4,7 @@
 // vertices in the order that costs most, the widest lists, the deepest
 // nesting, documents whose every element is invalid. The complexity test
 // reads each at two sizes and compares what they cost; the same documents
-// seed the fuzz targets.
+// are starting inputs of the fuzz targets.
 
 #include <QByteArray>
 #include <QString>
@@ -23,7 +23,7 @@ struct Shape
     QStringList tools; // the tool commands run on it besides the library
     QString about;     // one line: what the document holds
     // The document with `units` of the repeated unit. The same bytes on every
-    // run: shuffled orders come from a fixed seed.
+    // run: shuffled orders come from a generator started the same way each time.
     QByteArray (*generate)(int units);
 };
 
