@@ -115,21 +115,25 @@ bool XmlElementReader::begin(XmlText& version, const QString& required, XmlText&
         }
     }
     takeVersion(versionText, version);
-    if (found.isEmpty()) {
-        fail(missingAttribute.arg(required));
+    if (missing(found, required))
         return false;
-    }
     value.assign(found);
+    return true;
+}
+
+bool XmlElementReader::missing(QStringView found, const QString& name)
+{
+    if (!found.isEmpty())
+        return false;
+    fail(missingAttribute.arg(name));
     return true;
 }
 
 bool XmlElementReader::readRequired(const QString& name, QString& value)
 {
     const QStringView found = attribute(name);
-    if (found.isEmpty()) {
-        fail(missingAttribute.arg(name));
+    if (missing(found, name))
         return false;
-    }
     value = found.toString();
     return true;
 }
@@ -137,10 +141,8 @@ bool XmlElementReader::readRequired(const QString& name, QString& value)
 bool XmlElementReader::readRequired(const QString& name, XmlText& value)
 {
     const QStringView found = attribute(name);
-    if (found.isEmpty()) {
-        fail(missingAttribute.arg(name));
+    if (missing(found, name))
         return false;
-    }
     value.assign(found);
     return true;
 }

@@ -107,6 +107,8 @@ public:
     QStringView attribute(const QString& name) const;
     // The same among the given attributes: the first of the name.
     static QStringView attributeIn(const QXmlStreamAttributes& attributes, QStringView name);
+    // A required attribute absent or empty fails with "Missing attribute".
+    bool missing(QStringView found, const QString& name);
     // "Missing attribute: \"<name>\"" and "Illegal attribute value in \"<name>\"".
     static QString missingAttributeMessage(const QString& name);
     static QString illegalAttributeMessage(const QString& name);
