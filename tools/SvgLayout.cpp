@@ -13,6 +13,7 @@ namespace {
 // Advance widths of DejaVu Sans in units of 1/2048 em, read from the font's
 // horizontal metrics (the wider of the regular and the oblique face, which
 // differ in four characters only): U+0020 to U+007E, then U+00A0 to U+00FF.
+// scripts/font-advance-widths.py prints them from the installed fonts.
 const quint16 asciiWidths[] = {
     651,  821,  942,  1716, 1303, 1946, 1597, 563,  799,  799,  1024, 1716, 651,  739,  651,  690,
     1303, 1303, 1303, 1303, 1303, 1303, 1303, 1303, 1303, 1303, 690,  690,  1716, 1716, 1716, 1087,
