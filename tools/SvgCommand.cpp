@@ -255,6 +255,20 @@ void writeLine(QXmlStreamWriter& svg, double x1, double y1, double x2, double y2
     svg.writeAttribute(QStringLiteral("class"), QStringLiteral("grid"));
 }
 
+// The longitude axis (or the latitude axis) from low to high degrees over
+// that many pixels.
+SvgLayout::Axis axis(double low, double high, double pixels, bool longitude)
+{
+    return {low,
+            high,
+            longitude ? 180.0 : 90.0,
+            pixels / (high - low),
+            longitude,
+            axisFontSize,
+            QLatin1Char(longitude ? 'E' : 'N'),
+            QLatin1Char(longitude ? 'W' : 'S')};
+}
+
 void writeGraticule(QXmlStreamWriter& svg, const Projection& projection)
 {
     const Box& box = projection.box();
@@ -274,15 +288,8 @@ void writeGraticule(QXmlStreamWriter& svg, const Projection& projection)
 
     // Longitude labels stand below the frame, clear of the lowest latitude
     // label, and never reach into the legend's column.
-    const SvgLayout::Axis longitude{box.west,
-                                    box.east,
-                                    180.0,
-                                    (right - left) / (box.east - box.west),
-                                    true,
-                                    axisFontSize,
-                                    QLatin1Char('E'),
-                                    QLatin1Char('W')};
-    for (const SvgLayout::Tick& tick : SvgLayout::ticks(longitude)) {
+    for (const SvgLayout::Tick& tick :
+         SvgLayout::ticks(axis(box.west, box.east, right - left, true))) {
         const double x = projection.x(tick.degrees);
         writeLine(svg, x, top, x, bottom);
         const double baseline = bottom + 18;
@@ -292,15 +299,8 @@ void writeGraticule(QXmlStreamWriter& svg, const Projection& projection)
                       QStringLiteral("middle"));
         }
     }
-    const SvgLayout::Axis latitude{box.south,
-                                   box.north,
-                                   90.0,
-                                   (bottom - top) / (box.north - box.south),
-                                   false,
-                                   axisFontSize,
-                                   QLatin1Char('N'),
-                                   QLatin1Char('S')};
-    for (const SvgLayout::Tick& tick : SvgLayout::ticks(latitude)) {
+    for (const SvgLayout::Tick& tick :
+         SvgLayout::ticks(axis(box.south, box.north, bottom - top, false))) {
         const double y = projection.y(tick.degrees);
         writeLine(svg, left, y, right, y);
         writeText(svg, left - 6, y + 4, tick.label, QStringLiteral("axis"), QStringLiteral("end"));
