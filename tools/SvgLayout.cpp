@@ -79,6 +79,18 @@ bool keepApart(const QVector<Tick>& ticks, const Axis& axis)
     return true;
 }
 
+// The box of a text already measured (textBox without the measuring).
+Rect widthBox(double width, double size, double x, double y, Anchor anchor, double halo)
+{
+    double left = x;
+    if (anchor == Anchor::Middle)
+        left = x - width / 2.0;
+    else if (anchor == Anchor::End)
+        left = x - width;
+    return {left - halo, y - fontAscent * size - halo, left + width + halo,
+            y + fontDescent * size + halo};
+}
+
 } // namespace
 
 int advance(QChar character)
@@ -118,14 +130,7 @@ QString anchorName(Anchor anchor)
 
 Rect textBox(const QString& text, double size, double x, double y, Anchor anchor, double halo)
 {
-    const double width = textWidth(text, size);
-    double left = x;
-    if (anchor == Anchor::Middle)
-        left = x - width / 2.0;
-    else if (anchor == Anchor::End)
-        left = x - width;
-    return {left - halo, y - fontAscent * size - halo, left + width + halo,
-            y + fontDescent * size + halo};
+    return widthBox(textWidth(text, size), size, x, y, anchor, halo);
 }
 
 QString degreesLabel(double value, int decimals, QChar positive, QChar negative)
@@ -170,9 +175,12 @@ QVector<Placement> markerPlacements(const QString& text, double size, double hal
     // The baseline that centres the font's line box on y, and half that box.
     const double middle = y + (fontAscent - fontDescent) / 2.0 * size;
     const double half = (fontAscent + fontDescent) * size / 2.0 + halo;
+    const double width = textWidth(text, size);
     QVector<Placement> result;
+    result.reserve(36);
     const auto add = [&](double placeX, double placeY, Anchor anchor) {
-        result.append({placeX, placeY, anchor, textBox(text, size, placeX, placeY, anchor, halo)});
+        result.append(
+            {placeX, placeY, anchor, widthBox(width, size, placeX, placeY, anchor, halo)});
     };
     // Close to the marker first, then a ring further out.
     for (const double reach :
@@ -202,10 +210,11 @@ QVector<Placement> areaPlacements(const QString& text, double size, double halo,
 {
     const double middle = y + (fontAscent - fontDescent) / 2.0 * size;
     const double line = (fontAscent + fontDescent) * size + 2.0 * halo;
+    const double width = textWidth(text, size);
     QVector<Placement> result;
     for (const double offset : {0.0, -line, line, -2.0 * line, 2.0 * line}) {
         result.append({x, middle + offset, Anchor::Middle,
-                       textBox(text, size, x, middle + offset, Anchor::Middle, halo),
+                       widthBox(width, size, x, middle + offset, Anchor::Middle, halo),
                        std::abs(offset) > line});
     }
     return result;
