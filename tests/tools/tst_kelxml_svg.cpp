@@ -177,22 +177,25 @@ QByteArray globeScenario(int count)
                    coordinate("Vertex", longitude, latitude + 4, 2) + "</AreaPolygon>" + tx +
                    quantity("RxThreshold", "dBm", "-107") + "</AreaOfInterest>";
     }
-    for (int i = 0; i < placed; ++i) {
-        // The first two mark the globe's corners, so that the map spans it all.
-        const double longitude = i == 0 ? -179.9 : i == 1 ? 179.9 : scatter.next(-180, 180);
-        const double latitude = i == 0 ? -89.5 : i == 1 ? 89.5 : scatter.next(-85, 85);
-        objects += "<KnownEmitter version=\"1.0\"><Name>Tx " + QString::number(i) + "</Name>" +
-                   coordinate("Position", longitude, latitude) + tx + "</KnownEmitter>";
-    }
-    for (int i = 0; i < placed; ++i) {
-        objects += "<Receiver version=\"1.0\"><Name>Rx " + QString::number(i) + "</Name>" +
-                   coordinate("Position", scatter.next(-180, 180), scatter.next(-85, 85)) + rx +
-                   "</Receiver>";
-    }
-    for (int i = 0; i < finders; ++i) {
-        objects += "<DirectionFinder version=\"1.0\"><Name>DF " + QString::number(i) + "</Name>" +
-                   coordinate("Position", scatter.next(-180, 180), scatter.next(-85, 85)) + rx +
-                   quantity("DFprecision", "°", "2") + "</DirectionFinder>";
+    const struct
+    {
+        QString element;
+        QString prefix;
+        QString parameters;
+        int count;
+    } kinds[] = {{"KnownEmitter", "Tx", tx, placed},
+                 {"Receiver", "Rx", rx, placed},
+                 {"DirectionFinder", "DF", rx + quantity("DFprecision", "°", "2"), finders}};
+    int corner = 0; // the first two mark the globe's corners, so that the map spans it all
+    for (const auto& kind : kinds) {
+        for (int i = 0; i < kind.count; ++i, ++corner) {
+            const double longitude = corner < 2 ? 359.8 * corner - 179.9 : scatter.next(-180, 180);
+            const double latitude = corner < 2 ? 179.0 * corner - 89.5 : scatter.next(-85, 85);
+            objects += "<" + kind.element + " version=\"1.0\"><Name>" + kind.prefix + " " +
+                       QString::number(i) + "</Name>" +
+                       coordinate("Position", longitude, latitude) + kind.parameters + "</" +
+                       kind.element + ">";
+        }
     }
     return ("<Scenario version=\"1.0\"><ScreenshotPath>globe.png</ScreenshotPath>"
             "<DisplayedObjects>" +
