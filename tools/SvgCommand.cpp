@@ -4,15 +4,17 @@
 // bounding box: x grows with longitude scaled by the cosine of that latitude,
 // y with latitude, so shapes keep their look at the scenario's latitude. The
 // box is widened a little on every side and never left empty, flat or very
-// narrow. A graticule at a round step in degrees is labelled on the left and
-// bottom edges; areas are outlined (areas of interest solid, deployment areas
-// dashed), every placed object gets its kind's marker and its name, and a
+// narrow. A graticule at a round step in degrees, the finest whose labels do
+// not touch, is labelled on the left and bottom edges; areas are outlined
+// (areas of interest solid, deployment areas dashed), every placed object gets
+// its kind's marker and its name where one is free (SvgLayout.h), and a
 // legend counts the objects of each kind. Invalid objects are outlined in red
 // and their first problem is their tooltip. Objects without a position the
 // map can show (not a number, far off the globe, a polygon of fewer than three
 // vertices) are counted in the legend only.
 
 #include "GeoCommands.h"
+#include "SvgLayout.h"
 
 #include <QIODevice>
 #include <QPair>
@@ -40,6 +42,11 @@ constexpr double bottomMargin = 48.0;
 constexpr double legendGap = 28.0;
 constexpr double legendWidth = 200.0;
 constexpr double markerSize = 6.5;
+// The font sizes of the style sheet's names (.label) and tick labels (.axis),
+// and half the width of the outline names are painted with.
+constexpr double labelFontSize = 12.0;
+constexpr double axisFontSize = 11.0;
+constexpr double labelHalo = 1.5;
 
 const char* const styleSheet = R"(
 text { font-family: 'DejaVu Sans', Arial, Helvetica, sans-serif; font-size: 12px; fill: #222; }
@@ -153,37 +160,6 @@ QString number(double value)
     return QString::number(value, 'f', 1);
 }
 
-// A round graticule step (1, 2, 2.5 or 5 times a power of ten) giving about
-// eight lines over the span, and the decimals its labels need.
-double gridStep(double span, int& decimals)
-{
-    const double raw = span / 8.0;
-    const double magnitude = std::pow(10.0, std::floor(std::log10(raw)));
-    double step = 10.0 * magnitude;
-    for (const double factor : {1.0, 2.0, 2.5, 5.0}) {
-        if (factor * magnitude >= raw) {
-            step = factor * magnitude;
-            break;
-        }
-    }
-    decimals = 0;
-    while (decimals < 12) {
-        const double scaled = step * std::pow(10.0, decimals);
-        if (std::abs(scaled - std::round(scaled)) < 1e-6 * scaled)
-            break;
-        ++decimals;
-    }
-    return step;
-}
-
-QString degrees(double value, int decimals, QChar positive, QChar negative)
-{
-    if (std::abs(value) < 1e-12)
-        return QStringLiteral("0°");
-    return QString::number(std::abs(value), 'f', decimals) + QChar(0x00B0) +
-           (value > 0 ? positive : negative);
-}
-
 // The style class and the legend's label of each kind, in the order of
 // XmlGeoFeature::Kind.
 const struct
@@ -279,6 +255,20 @@ void writeLine(QXmlStreamWriter& svg, double x1, double y1, double x2, double y2
     svg.writeAttribute(QStringLiteral("class"), QStringLiteral("grid"));
 }
 
+// The longitude axis (or the latitude axis) from low to high degrees over
+// that many pixels.
+SvgLayout::Axis axis(double low, double high, double pixels, bool longitude)
+{
+    return {low,
+            high,
+            longitude ? 180.0 : 90.0,
+            pixels / (high - low),
+            longitude,
+            axisFontSize,
+            QLatin1Char(longitude ? 'E' : 'N'),
+            QLatin1Char(longitude ? 'W' : 'S')};
+}
+
 void writeGraticule(QXmlStreamWriter& svg, const Projection& projection)
 {
     const Box& box = projection.box();
@@ -296,22 +286,24 @@ void writeGraticule(QXmlStreamWriter& svg, const Projection& projection)
     svg.writeAttribute(QStringLiteral("height"), number(bottom - top));
     svg.writeAttribute(QStringLiteral("class"), QStringLiteral("frame"));
 
-    int decimals = 0;
-    double step = gridStep(box.east - box.west, decimals);
-    for (int k = int(std::ceil(box.west / step)); k * step <= box.east; ++k) {
-        const double x = projection.x(k * step);
+    // Longitude labels stand below the frame, clear of the lowest latitude
+    // label, and never reach into the legend's column.
+    for (const SvgLayout::Tick& tick :
+         SvgLayout::ticks(axis(box.west, box.east, right - left, true))) {
+        const double x = projection.x(tick.degrees);
         writeLine(svg, x, top, x, bottom);
-        writeText(svg, x, bottom + 16,
-                  degrees(k * step, decimals, QLatin1Char('E'), QLatin1Char('W')),
-                  QStringLiteral("axis"), QStringLiteral("middle"));
+        const double baseline = bottom + 18;
+        if (SvgLayout::textBox(tick.label, axisFontSize, x, baseline, SvgLayout::Anchor::Middle)
+                .right <= right + legendGap - 4) {
+            writeText(svg, x, baseline, tick.label, QStringLiteral("axis"),
+                      QStringLiteral("middle"));
+        }
     }
-    step = gridStep(box.north - box.south, decimals);
-    for (int k = int(std::ceil(box.south / step)); k * step <= box.north; ++k) {
-        const double y = projection.y(k * step);
+    for (const SvgLayout::Tick& tick :
+         SvgLayout::ticks(axis(box.south, box.north, bottom - top, false))) {
+        const double y = projection.y(tick.degrees);
         writeLine(svg, left, y, right, y);
-        writeText(svg, left - 6, y + 4,
-                  degrees(k * step, decimals, QLatin1Char('N'), QLatin1Char('S')),
-                  QStringLiteral("axis"), QStringLiteral("end"));
+        writeText(svg, left - 6, y + 4, tick.label, QStringLiteral("axis"), QStringLiteral("end"));
     }
     writeText(svg, (left + right) / 2, bottom + 36, QStringLiteral("Longitude"),
               QStringLiteral("axis"), QStringLiteral("middle"));
@@ -343,29 +335,52 @@ QString classes(const QString& base, const XmlGeoFeature& feature)
     return result;
 }
 
-// Where a feature's name goes: beside a marker, or at the mean of an area's
-// corners. False when the feature has no position to show.
-bool labelPlace(const XmlGeoFeature& feature, const Projection& projection, double& x, double& y)
+// How far a marker of the kind reaches from its centre, its outline included.
+double markerReach(XmlGeoFeature::Kind kind)
 {
+    const double outline = 1.5;
+    switch (kind) {
+    case XmlGeoFeature::DirectionFinder:
+        return 1.3 * markerSize + outline;
+    case XmlGeoFeature::Emitter:
+        return 1.5 * markerSize + outline;
+    default:
+        return markerSize + outline;
+    }
+}
+
+// The box a placed object's marker covers on the page.
+SvgLayout::Rect markerBox(const XmlGeoFeature& feature, const Projection& projection)
+{
+    const double x = projection.x(feature.positions.first().longitude);
+    const double y = projection.y(feature.positions.first().latitude);
+    const double reach = markerReach(feature.kind);
+    return {x - reach, y - reach, x + reach, y + reach};
+}
+
+// The places a feature's name may go, best first: around a marker, or about
+// the mean of an area's corners. None when the feature has no position to show.
+QVector<SvgLayout::Placement> labelPlacements(const XmlGeoFeature& feature,
+                                              const Projection& projection)
+{
+    if (!shown(feature))
+        return {};
     if (feature.shape == XmlGeoFeature::Point) {
-        if (feature.positions.size() != 1 || !drawable(feature.positions.first()))
-            return false;
-        x = projection.x(feature.positions.first().longitude) + markerSize + 4;
-        y = projection.y(feature.positions.first().latitude) + 4;
-        return true;
+        return SvgLayout::markerPlacements(feature.name, labelFontSize, labelHalo,
+                                           projection.x(feature.positions.first().longitude),
+                                           projection.y(feature.positions.first().latitude),
+                                           markerReach(feature.kind));
     }
     const QVector<Position> ring = feature.ring();
-    if (ring.isEmpty() || !std::all_of(ring.begin(), ring.end(), drawable))
-        return false;
     double longitude = 0.0;
     double latitude = 0.0;
     for (int i = 0; i + 1 < ring.size(); ++i) {
         longitude += ring[i].longitude;
         latitude += ring[i].latitude;
     }
-    x = projection.x(longitude / (ring.size() - 1));
-    y = projection.y(latitude / (ring.size() - 1)) + 4;
-    return true;
+    return SvgLayout::areaPlacements(feature.name, labelFontSize, labelHalo,
+                                     projection.x(longitude / (ring.size() - 1)),
+                                     projection.y(latitude / (ring.size() - 1)));
 }
 
 void writeArea(QXmlStreamWriter& svg, const XmlGeoFeature& feature, const Projection& projection)
@@ -396,8 +411,8 @@ void writePlaced(QXmlStreamWriter& svg, const XmlGeoFeature& feature, const Proj
     svg.writeEndElement();
 }
 
-void writeLegend(QXmlStreamWriter& svg, const QVector<XmlGeoFeature>& features, double left,
-                 double top)
+void writeLegend(QXmlStreamWriter& svg, const QVector<XmlGeoFeature>& features, int leftOut,
+                 double left, double top)
 {
     const XmlGeoFeature::Kind kinds[] = {
         XmlGeoFeature::AreaOfInterest,  XmlGeoFeature::DeploymentArea, XmlGeoFeature::Station,
@@ -414,7 +429,7 @@ void writeLegend(QXmlStreamWriter& svg, const QVector<XmlGeoFeature>& features, 
             ++hidden;
     }
     const double rowHeight = 24.0;
-    const int rows = 6 + (invalid > 0 ? 1 : 0) + (hidden > 0 ? 1 : 0);
+    const int rows = 6 + (invalid > 0 ? 1 : 0) + (hidden > 0 ? 1 : 0) + (leftOut > 0 ? 1 : 0);
     const double height = 36.0 + rows * rowHeight;
 
     svg.writeStartElement(QStringLiteral("g"));
@@ -458,6 +473,11 @@ void writeLegend(QXmlStreamWriter& svg, const QVector<XmlGeoFeature>& features, 
     if (hidden > 0) {
         writeText(svg, symbol + 22, y + 4, QStringLiteral("not on the map (%1)").arg(hidden),
                   QString());
+        y += rowHeight;
+    }
+    if (leftOut > 0) {
+        writeText(svg, symbol + 22, y + 4, QStringLiteral("names left out (%1)").arg(leftOut),
+                  QString());
     }
     svg.writeEndElement();
 }
@@ -478,7 +498,7 @@ bool writeSvg(const MapDocument& document, QIODevice& device)
     const double legendLeft = leftMargin + projection.width() + legendGap;
     const double width = legendLeft + legendWidth + 20.0;
     const double plotBottom = topMargin + projection.height() + bottomMargin;
-    const double height = std::max(plotBottom, topMargin + 36.0 + 8 * 24.0 + 20.0);
+    const double height = std::max(plotBottom, topMargin + 36.0 + 9 * 24.0 + 20.0);
 
     QXmlStreamWriter svg(&device);
     svg.setAutoFormatting(true);
@@ -526,24 +546,38 @@ bool writeSvg(const MapDocument& document, QIODevice& device)
     }
     svg.writeEndElement();
 
+    // No name covers another name or the frame's edge, and where there is room
+    // none covers a marker. A name with no place at all is left out (its
+    // object's tooltip still gives it) and counted in the legend.
+    // The frame's outline is left clear too.
+    SvgLayout::LabelPlacer placer(
+        {projection.x(projection.box().west) + 1, projection.y(projection.box().north) + 1,
+         projection.x(projection.box().east) - 1, projection.y(projection.box().south) - 1});
+    for (const XmlGeoFeature& feature : std::as_const(features)) {
+        if (!feature.isArea() && shown(feature))
+            placer.addMarker(markerBox(feature, projection));
+    }
+    const auto chosen = placer.placeAll(
+        features.size(), [&](int i) { return labelPlacements(features[i], projection); });
+    int leftOut = 0;
     svg.writeStartElement(QStringLiteral("g"));
     svg.writeAttribute(QStringLiteral("id"), QStringLiteral("names"));
-    for (const XmlGeoFeature& feature : std::as_const(features)) {
-        double x = 0.0;
-        double y = 0.0;
-        if (labelPlace(feature, projection, x, y)) {
-            if (feature.isArea()) {
-                writeText(svg, x, y, feature.name,
-                          QStringLiteral("label name-") + kindClass(feature.kind),
-                          QStringLiteral("middle"));
-            } else {
-                writeText(svg, x, y, feature.name, QStringLiteral("label"));
-            }
+    for (int i = 0; i < features.size(); ++i) {
+        const XmlGeoFeature& feature = features[i];
+        const std::optional<SvgLayout::Placement>& place = chosen[size_t(i)];
+        if (!place) {
+            leftOut += shown(feature) ? 1 : 0;
+            continue;
         }
+        const QString style = feature.isArea()
+                                  ? QStringLiteral("label name-") + kindClass(feature.kind)
+                                  : QStringLiteral("label");
+        writeText(svg, place->x, place->y, feature.name, style,
+                  SvgLayout::anchorName(place->anchor));
     }
     svg.writeEndElement();
 
-    writeLegend(svg, features, legendLeft, topMargin);
+    writeLegend(svg, features, leftOut, legendLeft, topMargin);
 
     svg.writeEndElement();
     svg.writeEndDocument();
