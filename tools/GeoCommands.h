@@ -17,7 +17,10 @@ struct MapDocument
     QString title; // the file's name
 
     // Calls visit once per geographic object of the document.
-    void visit(const KelXml::XmlGeoVisitor& visit) const { kind.visitGeoFeatures(root, visit); }
+    void visit(const KelXml::XmlGeoVisitor& visit) const
+    {
+        kind.visitGeoFeatures(root, KelXml::XmlGeoLookup(), visit, nullptr);
+    }
 };
 
 // Writes the map of a document; false when the device refused the output.
