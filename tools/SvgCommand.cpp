@@ -21,6 +21,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <limits>
 #include <utility>
 
@@ -50,12 +51,11 @@ text { font-family: 'DejaVu Sans', Arial, Helvetica, sans-serif; font-size: 12px
 .label { paint-order: stroke; stroke: #fff; stroke-width: 3px; stroke-linejoin: round; }
 .name-aoi { fill: #a6430a; font-style: italic; }
 .name-deployment { fill: #126b51; font-style: italic; }
-.aoi { fill: #ff7f00; fill-opacity: 0.15; stroke: #d95f02; stroke-width: 2; }
-.deployment { fill: #1b9e77; fill-opacity: 0.10; stroke: #1b9e77; stroke-width: 2; stroke-dasharray: 8 4; }
-.station { fill: #7570b3; stroke: #2c2a52; stroke-width: 1; }
-.finder { fill: #1f78b4; stroke: #0b2e45; stroke-width: 1; }
-.receiver { fill: #33a02c; stroke: #134010; stroke-width: 1; }
-.emitter { fill: #e7298a; stroke: #5a0c34; stroke-width: 1; }
+.area { fill-opacity: 0.15; stroke-width: 2; }
+.deployment { fill-opacity: 0.10; stroke-dasharray: 8 4; }
+.result { fill-opacity: 0.08; stroke-dasharray: 2 3; }
+.marker { stroke: #222; stroke-width: 1; }
+.link { fill: none; stroke-width: 2.5; }
 .invalid { stroke: #e00000; stroke-width: 2.5; }
 .legend { fill: #fff; stroke: #bbb; stroke-width: 1; }
 )";
@@ -74,6 +74,9 @@ bool shown(const XmlGeoFeature& feature)
 {
     if (feature.shape == XmlGeoFeature::Point)
         return feature.positions.size() == 1 && drawable(feature.positions.first());
+    if (feature.shape == XmlGeoFeature::Line)
+        return feature.positions.size() == 2 &&
+               std::all_of(feature.positions.begin(), feature.positions.end(), drawable);
     const QVector<Position> ring = feature.ring();
     return !ring.isEmpty() && std::all_of(ring.begin(), ring.end(), drawable);
 }
@@ -191,9 +194,33 @@ const struct
     const char* cssClass;
     const char* label;
 } kindStyles[] = {
-    {"aoi", "Area of interest"},    {"deployment", "Deployment area"}, {"station", "Station"},
-    {"finder", "Direction finder"}, {"receiver", "Receiver"},          {"emitter", "Emitter"},
+    {"aoi", "Area of interest"},
+    {"deployment", "Deployment area"},
+    {"station", "Station"},
+    {"finder", "Direction finder"},
+    {"receiver", "Receiver"},
+    {"emitter", "Emitter"},
+    {"result-findsites", "Site-finding result"},
+    {"result-cep", "CEP result"},
+    {"result-detectprob", "Detection-probability result"},
+    {"result-dfcoverage", "DF-coverage result"},
+    {"interlink", "Interlink"},
 };
+static_assert(std::size(kindStyles) == XmlGeoFeature::kindCount, "one style per kind");
+
+// Each kind's class in the kind's colour, the colour every map format shares:
+// an outline and a light fill for areas, a fill for markers, a stroke for lines.
+QString kindRules()
+{
+    QString rules;
+    for (int kind = 0; kind < XmlGeoFeature::kindCount; ++kind) {
+        const QString colour = XmlGeoFeature::kindColour(XmlGeoFeature::Kind(kind));
+        rules += QStringLiteral(".%1 { fill: %2; stroke: %2; }\n")
+                     .arg(QLatin1String(kindStyles[kind].cssClass), colour);
+    }
+    // Markers keep their dark outline, invalid objects their red one.
+    return rules + QStringLiteral(".marker { stroke: #222; }\n.invalid { stroke: #e00000; }\n");
+}
 
 QString kindClass(XmlGeoFeature::Kind kind)
 {
@@ -326,10 +353,28 @@ void writeGraticule(QXmlStreamWriter& svg, const Projection& projection)
     svg.writeEndElement();
 }
 
+// What a result record holds of its values: their unit and range and the
+// grid they were computed on ("-95 to -40 dBm, grid 100"). The values of the
+// cells are not in the messages.
+QString recordSummary(const XmlGeoFeature& feature)
+{
+    const QVariantMap& p = feature.properties;
+    return QStringLiteral("%1 to %2 %3, grid %4")
+        .arg(QString::number(p.value(QStringLiteral("min")).toDouble(), 'g', 6),
+             QString::number(p.value(QStringLiteral("max")).toDouble(), 'g', 6),
+             p.value(QStringLiteral("unit")).toString(),
+             p.value(QStringLiteral("grid")).toString());
+}
+
 QString tooltip(const XmlGeoFeature& feature)
 {
     QString text =
         kindLabel(feature.kind) + QStringLiteral(" \"") + feature.name + QLatin1Char('"');
+    if (feature.isResultRecord())
+        text += QLatin1Char('\n') + recordSummary(feature);
+    const QString resultText = feature.properties.value(QStringLiteral("text")).toString();
+    if (!resultText.isEmpty())
+        text += QLatin1Char('\n') + resultText;
     if (!feature.valid)
         text += QStringLiteral("\ninvalid: ") + feature.problem;
     return text;
@@ -338,6 +383,8 @@ QString tooltip(const XmlGeoFeature& feature)
 QString classes(const QString& base, const XmlGeoFeature& feature)
 {
     QString result = base + QLatin1Char(' ') + kindClass(feature.kind);
+    if (feature.isResultRecord())
+        result += QStringLiteral(" result");
     if (!feature.valid)
         result += QStringLiteral(" invalid");
     return result;
@@ -352,6 +399,13 @@ bool labelPlace(const XmlGeoFeature& feature, const Projection& projection, doub
             return false;
         x = projection.x(feature.positions.first().longitude) + markerSize + 4;
         y = projection.y(feature.positions.first().latitude) + 4;
+        return true;
+    }
+    if (feature.shape == XmlGeoFeature::Line) {
+        if (!shown(feature))
+            return false;
+        x = projection.x((feature.positions[0].longitude + feature.positions[1].longitude) / 2);
+        y = projection.y((feature.positions[0].latitude + feature.positions[1].latitude) / 2) - 6;
         return true;
     }
     const QVector<Position> ring = feature.ring();
@@ -384,6 +438,21 @@ void writeArea(QXmlStreamWriter& svg, const XmlGeoFeature& feature, const Projec
     svg.writeEndElement();
 }
 
+// An interlink: a line between its two stations.
+void writeLink(QXmlStreamWriter& svg, const XmlGeoFeature& feature, const Projection& projection)
+{
+    if (!shown(feature))
+        return;
+    svg.writeStartElement(QStringLiteral("line"));
+    svg.writeAttribute(QStringLiteral("x1"), number(projection.x(feature.positions[0].longitude)));
+    svg.writeAttribute(QStringLiteral("y1"), number(projection.y(feature.positions[0].latitude)));
+    svg.writeAttribute(QStringLiteral("x2"), number(projection.x(feature.positions[1].longitude)));
+    svg.writeAttribute(QStringLiteral("y2"), number(projection.y(feature.positions[1].latitude)));
+    svg.writeAttribute(QStringLiteral("class"), classes(QStringLiteral("link"), feature));
+    svg.writeTextElement(QStringLiteral("title"), tooltip(feature));
+    svg.writeEndElement();
+}
+
 void writePlaced(QXmlStreamWriter& svg, const XmlGeoFeature& feature, const Projection& projection)
 {
     if (feature.positions.size() != 1 || !drawable(feature.positions.first()))
@@ -396,6 +465,31 @@ void writePlaced(QXmlStreamWriter& svg, const XmlGeoFeature& feature, const Proj
     svg.writeEndElement();
 }
 
+// The legend's rows below the six kinds of objects: one per result record
+// (two lines: its name, then its unit, range and grid), and one for the
+// interlinks, the invalid and the hidden objects when there are any.
+int extraLegendLines(const QVector<XmlGeoFeature>& features)
+{
+    int lines = 0;
+    bool links = false;
+    bool invalid = false;
+    bool hidden = false;
+    for (const XmlGeoFeature& feature : features) {
+        lines += feature.isResultRecord() ? 2 : 0;
+        links = links || feature.kind == XmlGeoFeature::Interlink;
+        invalid = invalid || !feature.valid;
+        hidden = hidden || !shown(feature);
+    }
+    return lines + int(links) + int(invalid) + int(hidden);
+}
+
+constexpr double legendRowHeight = 24.0;
+
+double legendHeight(const QVector<XmlGeoFeature>& features)
+{
+    return 36.0 + (6 + extraLegendLines(features)) * legendRowHeight;
+}
+
 void writeLegend(QXmlStreamWriter& svg, const QVector<XmlGeoFeature>& features, double left,
                  double top)
 {
@@ -403,7 +497,7 @@ void writeLegend(QXmlStreamWriter& svg, const QVector<XmlGeoFeature>& features, 
         XmlGeoFeature::AreaOfInterest,  XmlGeoFeature::DeploymentArea, XmlGeoFeature::Station,
         XmlGeoFeature::DirectionFinder, XmlGeoFeature::Receiver,       XmlGeoFeature::Emitter,
     };
-    int counts[6] = {};
+    int counts[XmlGeoFeature::kindCount] = {};
     int invalid = 0;
     int hidden = 0;
     for (const XmlGeoFeature& feature : features) {
@@ -413,9 +507,7 @@ void writeLegend(QXmlStreamWriter& svg, const QVector<XmlGeoFeature>& features, 
         if (!shown(feature))
             ++hidden;
     }
-    const double rowHeight = 24.0;
-    const int rows = 6 + (invalid > 0 ? 1 : 0) + (hidden > 0 ? 1 : 0);
-    const double height = 36.0 + rows * rowHeight;
+    const double rowHeight = legendRowHeight;
 
     svg.writeStartElement(QStringLiteral("g"));
     svg.writeAttribute(QStringLiteral("id"), QStringLiteral("legend"));
@@ -423,26 +515,51 @@ void writeLegend(QXmlStreamWriter& svg, const QVector<XmlGeoFeature>& features, 
     svg.writeAttribute(QStringLiteral("x"), number(left));
     svg.writeAttribute(QStringLiteral("y"), number(top));
     svg.writeAttribute(QStringLiteral("width"), number(legendWidth));
-    svg.writeAttribute(QStringLiteral("height"), number(height));
+    svg.writeAttribute(QStringLiteral("height"), number(legendHeight(features)));
     svg.writeAttribute(QStringLiteral("class"), QStringLiteral("legend"));
     writeText(svg, left + 12, top + 22, QStringLiteral("Legend"), QStringLiteral("title"));
 
     double y = top + 36.0 + rowHeight / 2;
     const double symbol = left + 24;
+    const auto areaSymbol = [&](const QString& classes) {
+        svg.writeEmptyElement(QStringLiteral("rect"));
+        svg.writeAttribute(QStringLiteral("x"), number(symbol - 11));
+        svg.writeAttribute(QStringLiteral("y"), number(y - 8));
+        svg.writeAttribute(QStringLiteral("width"), number(22));
+        svg.writeAttribute(QStringLiteral("height"), number(16));
+        svg.writeAttribute(QStringLiteral("class"), classes);
+    };
     for (const XmlGeoFeature::Kind kind : kinds) {
-        if (kind == XmlGeoFeature::AreaOfInterest || kind == XmlGeoFeature::DeploymentArea) {
-            svg.writeEmptyElement(QStringLiteral("rect"));
-            svg.writeAttribute(QStringLiteral("x"), number(symbol - 11));
-            svg.writeAttribute(QStringLiteral("y"), number(y - 8));
-            svg.writeAttribute(QStringLiteral("width"), number(22));
-            svg.writeAttribute(QStringLiteral("height"), number(16));
-            svg.writeAttribute(QStringLiteral("class"),
-                               QStringLiteral("legend-area ") + kindClass(kind));
-        } else {
-            writeMarker(svg, kind, symbol, y, QStringLiteral("legend-marker ") + kindClass(kind));
-        }
+        if (kind == XmlGeoFeature::AreaOfInterest || kind == XmlGeoFeature::DeploymentArea)
+            areaSymbol(QStringLiteral("legend-area area ") + kindClass(kind));
+        else
+            writeMarker(svg, kind, symbol, y,
+                        QStringLiteral("legend-marker marker ") + kindClass(kind));
         writeText(svg, symbol + 22, y + 4,
                   QStringLiteral("%1 (%2)").arg(kindLabel(kind)).arg(counts[kind]), QString());
+        y += rowHeight;
+    }
+    for (const XmlGeoFeature& feature : features) {
+        if (!feature.isResultRecord())
+            continue;
+        areaSymbol(classes(QStringLiteral("legend-area area"), feature));
+        writeText(svg, symbol + 22, y + 4, feature.name, QString());
+        y += rowHeight;
+        writeText(svg, symbol + 22, y + 4, recordSummary(feature), QStringLiteral("axis"));
+        y += rowHeight;
+    }
+    if (counts[XmlGeoFeature::Interlink] > 0) {
+        svg.writeEmptyElement(QStringLiteral("line"));
+        svg.writeAttribute(QStringLiteral("x1"), number(symbol - 11));
+        svg.writeAttribute(QStringLiteral("y1"), number(y));
+        svg.writeAttribute(QStringLiteral("x2"), number(symbol + 11));
+        svg.writeAttribute(QStringLiteral("y2"), number(y));
+        svg.writeAttribute(QStringLiteral("class"), QStringLiteral("link interlink"));
+        writeText(svg, symbol + 22, y + 4,
+                  QStringLiteral("%1 (%2)")
+                      .arg(kindLabel(XmlGeoFeature::Interlink))
+                      .arg(counts[XmlGeoFeature::Interlink]),
+                  QString());
         y += rowHeight;
     }
     if (invalid > 0) {
@@ -478,7 +595,8 @@ bool writeSvg(const MapDocument& document, QIODevice& device)
     const double legendLeft = leftMargin + projection.width() + legendGap;
     const double width = legendLeft + legendWidth + 20.0;
     const double plotBottom = topMargin + projection.height() + bottomMargin;
-    const double height = std::max(plotBottom, topMargin + 36.0 + 8 * 24.0 + 20.0);
+    const double height =
+        std::max(plotBottom, topMargin + std::max(36.0 + 8 * 24.0, legendHeight(features)) + 20.0);
 
     QXmlStreamWriter svg(&device);
     svg.setAutoFormatting(true);
@@ -492,7 +610,7 @@ bool writeSvg(const MapDocument& document, QIODevice& device)
     svg.writeAttribute(QStringLiteral("viewBox"),
                        QStringLiteral("0 0 %1 %2").arg(number(width), number(height)));
     svg.writeTextElement(QStringLiteral("title"), document.title);
-    svg.writeTextElement(QStringLiteral("style"), QString::fromUtf8(styleSheet));
+    svg.writeTextElement(QStringLiteral("style"), QString::fromUtf8(styleSheet) + kindRules());
     svg.writeEmptyElement(QStringLiteral("rect"));
     svg.writeAttribute(QStringLiteral("width"), QStringLiteral("100%"));
     svg.writeAttribute(QStringLiteral("height"), QStringLiteral("100%"));
@@ -510,7 +628,9 @@ bool writeSvg(const MapDocument& document, QIODevice& device)
     svg.writeStartElement(QStringLiteral("g"));
     svg.writeAttribute(QStringLiteral("id"), QStringLiteral("areas"));
     for (const XmlGeoFeature::Kind kind :
-         {XmlGeoFeature::DeploymentArea, XmlGeoFeature::AreaOfInterest}) {
+         {XmlGeoFeature::DeploymentArea, XmlGeoFeature::AreaOfInterest,
+          XmlGeoFeature::ResultFindSites, XmlGeoFeature::ResultCep, XmlGeoFeature::ResultDetectProb,
+          XmlGeoFeature::ResultDfCoverage}) {
         for (const XmlGeoFeature& feature : std::as_const(features)) {
             if (feature.kind == kind)
                 writeArea(svg, feature, projection);
@@ -521,7 +641,11 @@ bool writeSvg(const MapDocument& document, QIODevice& device)
     svg.writeStartElement(QStringLiteral("g"));
     svg.writeAttribute(QStringLiteral("id"), QStringLiteral("objects"));
     for (const XmlGeoFeature& feature : std::as_const(features)) {
-        if (!feature.isArea())
+        if (feature.kind == XmlGeoFeature::Interlink)
+            writeLink(svg, feature, projection);
+    }
+    for (const XmlGeoFeature& feature : std::as_const(features)) {
+        if (feature.shape == XmlGeoFeature::Point)
             writePlaced(svg, feature, projection);
     }
     svg.writeEndElement();
@@ -532,7 +656,8 @@ bool writeSvg(const MapDocument& document, QIODevice& device)
         double x = 0.0;
         double y = 0.0;
         if (labelPlace(feature, projection, x, y)) {
-            if (feature.isArea()) {
+            if (feature.isArea() || feature.isResultRecord() ||
+                feature.shape == XmlGeoFeature::Line) {
                 writeText(svg, x, y, feature.name,
                           QStringLiteral("label name-") + kindClass(feature.kind),
                           QStringLiteral("middle"));

@@ -113,8 +113,10 @@ QString geoJsonFault(const QJsonObject& feature)
     if (feature.value("type") != QJsonValue("Feature"))
         return "not a Feature";
     const QJsonObject properties = feature.value("properties").toObject();
-    static const QStringList kinds{"AreaOfInterest",  "DeploymentArea", "Station",
-                                   "DirectionFinder", "Receiver",       "Emitter"};
+    static const QStringList kinds{"AreaOfInterest",    "DeploymentArea", "Station",
+                                   "DirectionFinder",   "Receiver",       "Emitter",
+                                   "Result_FindSites",  "Result_CEP",     "Result_DetectProb",
+                                   "Result_DfCoverage", "Interlink"};
     if (!kinds.contains(properties.value("kind").toString()) ||
         !properties.value("name").isString() || !properties.value("valid").isBool())
         return "kind, name or valid missing";
@@ -135,6 +137,11 @@ QString geoJsonFault(const QJsonObject& feature)
     const QJsonArray coordinates = geometry.toObject().value("coordinates").toArray();
     if (type == "Point")
         return position(geometry.toObject().value("coordinates")) ? QString() : "bad point";
+    if (type == "LineString")
+        return coordinates.size() == 2 &&
+                       std::all_of(coordinates.begin(), coordinates.end(), position)
+                   ? QString()
+                   : "bad line";
     if (type != "Polygon" || coordinates.size() != 1)
         return "neither a Point nor a one-ring Polygon";
     const QJsonArray ring = coordinates[0].toArray();
@@ -184,29 +191,31 @@ private slots:
                 [[[10.9, 47.6], [10.9, 47.4], [11.3, 47.4], [11.3, 47.6], [10.9, 47.6]]]},
             "properties": {"kind": "DeploymentArea", "name": "Ridge", "valid": true,
                 "frequency_MHz": 433.92, "power_W": 5, "antennaHeight_m": 10,
-                "threshold_dBm": -110}})"));
+                "threshold_dBm": -110, "stroke": "#1b9e77", "fill": "#1b9e77",
+                "fill-opacity": 0.25}})"));
         // Vertices held as 0, 1, 2 run clockwise: the ring is 0, 2, 1, 0.
         QCOMPARE(features[1].toObject(), json(R"({"type": "Feature",
             "geometry": {"type": "Polygon", "coordinates":
                 [[[8.57, 53.52], [8.63, 53.515], [8.612, 53.541], [8.57, 53.52]]]},
             "properties": {"kind": "AreaOfInterest", "name": "Basin", "valid": true,
                 "frequency_MHz": 156.8, "power_W": 25, "antennaHeight_m": 12,
-                "bandwidth_kHz": 16, "threshold_dBm": -107}})"));
+                "bandwidth_kHz": 16, "threshold_dBm": -107, "stroke": "#ff7f00",
+                "fill": "#ff7f00", "fill-opacity": 0.25}})"));
         QCOMPARE(features[2].toObject(), json(R"({"type": "Feature",
             "geometry": {"type": "Point", "coordinates": [8.601, 53.53]},
             "properties": {"kind": "Emitter", "name": "Beacon <7> & co", "valid": true,
                 "frequency_MHz": 156.8, "power_W": 25, "antennaHeight_m": 12,
-                "bandwidth_kHz": 16}})"));
+                "bandwidth_kHz": 16, "marker-color": "#e7298a"}})"));
         QCOMPARE(features[3].toObject(), json(R"({"type": "Feature", "geometry": null,
             "properties": {"kind": "Emitter", "name": "Lost", "valid": false,
                 "problem": "XmlCoordinateType: Longitude out of bounds",
                 "frequency_MHz": 156.8, "power_W": 25, "antennaHeight_m": 12,
-                "bandwidth_kHz": 16}})"));
+                "bandwidth_kHz": 16, "marker-color": "#e7298a"}})"));
         QCOMPARE(features[4].toObject(), json(R"({"type": "Feature",
             "geometry": {"type": "Point", "coordinates": [8.65, 91]},
             "properties": {"kind": "Receiver", "name": "East", "valid": false,
                 "problem": "XmlCoordinateType: Latitude out of bounds",
-                "antennaHeight_m": 15, "threshold_dBm": -115}})"));
+                "antennaHeight_m": 15, "threshold_dBm": -115, "marker-color": "#33a02c"}})"));
     }
 
     // Every readable sample gives GeoJSON that keeps the rules, and an SVG
@@ -270,7 +279,7 @@ private slots:
     }
 
     // Without --as the root says which document it is: the same map, and a
-    // response, which has none, is refused.
+    // response with nothing to draw gives an empty one.
     void byContent()
     {
         for (const QString& className :
@@ -288,10 +297,37 @@ private slots:
             }
         }
         const Run response =
-            kelxml({"svg", QStringLiteral(KELXML_EXAMPLES "/XmlRespRoot/valid-version.xml")});
-        QCOMPARE(response.status, 2);
-        QVERIFY2(response.out.isEmpty() && response.err.contains("not a response document"),
-                 qPrintable(response.err));
+            kelxml({"geojson", QStringLiteral(KELXML_EXAMPLES "/XmlRespRoot/valid-version.xml")});
+        QCOMPARE(response.status, 0);
+        QCOMPARE(response.out, QByteArray("{\"type\":\"FeatureCollection\",\"features\":[\n]}\n"));
+    }
+
+    // KML gives colours as aabbggrr: the emitter's #e7298a is ff8a29e7, its
+    // fill a quarter opaque; the world file gives pixel centres, half a pixel
+    // inside the extent.
+    void kmlColoursAndWorldFile()
+    {
+        QTemporaryDir dir;
+        const Run kml =
+            kelxml({"kml", "--as", "scenario", saved(dir, "s.xml", smallScenario.toUtf8())});
+        QCOMPARE(kml.status, 0);
+        QVERIFY2(kml.out.contains("<Style id=\"kind-Emitter\">\n   <IconStyle>\n    "
+                                  "<color>ff8a29e7</color>"),
+                 kml.out.constData());
+        QVERIFY(kml.out.contains("<PolyStyle>\n    <color>40779e1b</color>"));
+        QCOMPARE(kml.out.count("<Placemark>"), 5);
+
+        // A PNG of 4 by 2 pixels: its size is all worldfile reads.
+        const QByteArray png =
+            QByteArray::fromBase64("iVBORw0KGgoAAAANSUhEUgAAAAQAAAACCAAAAABawyK/"
+                                   "AAAADklEQVR4nGNoAAIGEAEAFAoEAeiOg+cAAAAASUVORK5CYII=");
+        const QString picture = saved(dir, "p.png", png);
+        const Run world = kelxml({"worldfile", picture, "--extent", "10,50,12,51"});
+        QCOMPARE(world.status, 0);
+        QFile file(dir.filePath("p.pgw"));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), QByteArray("0.5\n0\n0\n-0.5\n10.25\n50.75\n"));
+        QVERIFY(QFile::exists(picture + ".aux.xml"));
     }
 
     // Outlines, markers (the invalid one in its own style), escaped names and
