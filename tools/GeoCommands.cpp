@@ -157,13 +157,24 @@ int runMap(const Invocation& invocation, MapWriter write)
               << " documents, not a " << reading.kind << " document\n";
         return Unreadable;
     }
-    if (partial) {
-        err() << file << ": warning: drawn as far as it was read: " << reading.readError.message
-              << "\n";
-    }
     Beside beside;
     if (const int status = readBeside(invocation, beside))
         return status;
+    if (partial) {
+        // Drawn when its reading reached an object or a name; a response
+        // that stopped before either is unreadable like any other file.
+        bool reached = false;
+        QStringList names;
+        read->visitGeoFeatures(
+            *reading.element, beside.lookup, [&reached](const XmlGeoFeature&) { reached = true; },
+            &names);
+        if (!reached && names.isEmpty()) {
+            err() << reading.error << "\n";
+            return Unreadable;
+        }
+        err() << file << ": warning: drawn as far as it was read: " << reading.readError.message
+              << "\n";
+    }
     QStringList unresolved;
     MapDocument document{*read,         *reading.element, QFileInfo(file).fileName(),
                          beside.lookup, &unresolved,      {}};

@@ -282,6 +282,18 @@ public:
         m_visit(feature);
     }
 
+    // The areas of interest and the sensors of a request that selects both.
+    template <class Request>
+    void visitRequest(const Request* request,
+                      const XmlNameAllMultiType* (Request::*sensorsOf)() const,
+                      const Kinds& sensorKinds, const QVariantMap& properties) const
+    {
+        if (!request)
+            return;
+        visitSelected(request->AOIs(), areasOfInterest, properties);
+        visitSelected((request->*sensorsOf)(), sensorKinds, properties);
+    }
+
     void visitGrid(const XmlGridResultType& grid) const
     {
         const QVariantMap properties = {
@@ -292,22 +304,10 @@ public:
             visitSelected(findSites->deploymentAreas(), deploymentAreas, properties);
             visitSelected(findSites->knownEmitters(), emitters, properties);
         }
-        if (const XmlCepType* cep = grid.cep()) {
-            visitSelected(cep->AOIs(), areasOfInterest, properties);
-            visitSelected(cep->useDFs(), finders, properties);
-        }
-        if (const XmlDetectProbType* detectProb = grid.detectProb()) {
-            visitSelected(detectProb->AOIs(), areasOfInterest, properties);
-            visitSelected(detectProb->useRxDFs(), sensors, properties);
-        }
-        if (const XmlDfCovType* dfCov = grid.dfCov()) {
-            visitSelected(dfCov->AOIs(), areasOfInterest, properties);
-            visitSelected(dfCov->useDFs(), finders, properties);
-        }
-        if (const XmlBestSensorType* bestSensor = grid.bestSensor()) {
-            visitSelected(bestSensor->AOIs(), areasOfInterest, properties);
-            visitSelected(bestSensor->useRxDFs(), sensors, properties);
-        }
+        visitRequest(grid.cep(), &XmlCepType::useDFs, finders, properties);
+        visitRequest(grid.detectProb(), &XmlDetectProbType::useRxDFs, sensors, properties);
+        visitRequest(grid.dfCov(), &XmlDfCovType::useDFs, finders, properties);
+        visitRequest(grid.bestSensor(), &XmlBestSensorType::useRxDFs, sensors, properties);
     }
 
     // The two stations and, when both are found, the line between them.

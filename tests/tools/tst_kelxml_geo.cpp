@@ -302,6 +302,60 @@ private slots:
         QCOMPARE(response.out, QByteArray("{\"type\":\"FeatureCollection\",\"features\":[\n]}\n"));
     }
 
+    // A response whose reading stopped at an element's error is drawn as far
+    // as it was read, with a warning naming the error, and exits 0; one that
+    // stopped before any object or name is unreadable. Names the document
+    // beside it does not hold are listed, never guessed.
+    void partialResponses_data()
+    {
+        QTest::addColumn<QString>("response");
+        QTest::addColumn<QString>("beside");
+        QTest::addColumn<int>("status");
+        QTest::addColumn<int>("features");
+        QTest::addColumn<QStringList>("messages");
+        const QString cepError = "warning: drawn as far as it was read: in XmlCepType (line 21, "
+                                 "column 20): Unexpected token \"EndElement\": Parameter.";
+        QTest::newRow("CEP beside the harbour")
+            << "XmlRespRoot/unreadable-grid-cep-harbour.xml"
+            << "XmlKelBtType/valid-harbour-results.xml" << 0 << 4 << QStringList{cepError};
+        QTest::newRow("CEP alone")
+            << "XmlRespRoot/unreadable-grid-cep-harbour.xml" << QString() << 0 << 0
+            << QStringList{cepError, "warning: not drawn, unresolved: AreaOfInterest "
+                                     "\"Harbour basin\": no object of that name"};
+        QTest::newRow("reported emitter")
+            << "XmlRespRoot/unreadable-interactive-station.xml" << QString() << 0 << 1
+            << QStringList{"warning: drawn as far as it was read: in XmlResultObjectType"};
+        QTest::newRow("stopped at the root") << "XmlRespRoot/unreadable-final-yes.xml" << QString()
+                                             << 2 << -1 << QStringList{": error: "};
+        QTest::newRow("interlink beside a snapshot, which has no stations")
+            << "XmlRespRoot/valid-interlink-result.xml"
+            << "XmlKelBtType/valid-harbour-results.xml" << 0 << 0
+            << QStringList{"unresolved: Station \"North ridge\": no object of that name",
+                           "unresolved: Station \"Harbour tower\": no object of that name"};
+    }
+    void partialResponses()
+    {
+        QFETCH(QString, response);
+        QFETCH(QString, beside);
+        QFETCH(int, status);
+        QFETCH(int, features);
+        QFETCH(QStringList, messages);
+        const QString examples = QStringLiteral(KELXML_EXAMPLES "/");
+        QStringList arguments{"geojson", examples + response};
+        if (!beside.isEmpty())
+            arguments << "--scenario" << examples + beside;
+        const Run run = kelxml(arguments);
+        QCOMPARE(run.status, status);
+        for (const QString& message : messages)
+            QVERIFY2(run.err.contains(message), qPrintable(run.err));
+        if (features >= 0) {
+            const QJsonDocument document = QJsonDocument::fromJson(run.out);
+            QCOMPARE(document.object().value("features").toArray().size(), features);
+        } else {
+            QVERIFY(run.out.isEmpty());
+        }
+    }
+
     // KML gives colours as aabbggrr: the emitter's #e7298a is ff8a29e7, its
     // fill a quarter opaque; the world file gives pixel centres, half a pixel
     // inside the extent.
