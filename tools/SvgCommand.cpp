@@ -200,10 +200,10 @@ const struct
     {"finder", "Direction finder"},
     {"receiver", "Receiver"},
     {"emitter", "Emitter"},
-    {"result-findsites", "Site-finding result"},
-    {"result-cep", "CEP result"},
-    {"result-detectprob", "Detection-probability result"},
-    {"result-dfcoverage", "DF-coverage result"},
+    {"result-findsites", "Site finding"},
+    {"result-cep", "Circular error probable"},
+    {"result-detectprob", "Detection probability"},
+    {"result-dfcoverage", "DF coverage"},
     {"interlink", "Interlink"},
 };
 static_assert(std::size(kindStyles) == XmlGeoFeature::kindCount, "one style per kind");
@@ -465,29 +465,29 @@ void writePlaced(QXmlStreamWriter& svg, const XmlGeoFeature& feature, const Proj
     svg.writeEndElement();
 }
 
-// The legend's rows below the six kinds of objects: one per result record
-// (two lines: its name, then its unit, range and grid), and one for the
-// interlinks, the invalid and the hidden objects when there are any.
-int extraLegendLines(const QVector<XmlGeoFeature>& features)
+constexpr double legendRowHeight = 24.0;
+// A result record's block: its name on a row, then two small lines below it.
+constexpr double legendSubLine = 14.0;
+constexpr double legendRecordHeight = legendRowHeight + 2 * legendSubLine + 4.0;
+
+// The legend's height: a row for each of the six kinds of objects, a block
+// per result record (its name; its kind; its unit, range and grid), and a
+// row for the interlinks, the invalid and the hidden objects when there are
+// any.
+double legendHeight(const QVector<XmlGeoFeature>& features)
 {
-    int lines = 0;
+    int records = 0;
     bool links = false;
     bool invalid = false;
     bool hidden = false;
     for (const XmlGeoFeature& feature : features) {
-        lines += feature.isResultRecord() ? 2 : 0;
+        records += feature.isResultRecord();
         links = links || feature.kind == XmlGeoFeature::Interlink;
         invalid = invalid || !feature.valid;
         hidden = hidden || !shown(feature);
     }
-    return lines + int(links) + int(invalid) + int(hidden);
-}
-
-constexpr double legendRowHeight = 24.0;
-
-double legendHeight(const QVector<XmlGeoFeature>& features)
-{
-    return 36.0 + (6 + extraLegendLines(features)) * legendRowHeight;
+    return 36.0 + (6 + int(links) + int(invalid) + int(hidden)) * legendRowHeight +
+           records * legendRecordHeight;
 }
 
 void writeLegend(QXmlStreamWriter& svg, const QVector<XmlGeoFeature>& features, double left,
@@ -544,9 +544,11 @@ void writeLegend(QXmlStreamWriter& svg, const QVector<XmlGeoFeature>& features, 
             continue;
         areaSymbol(classes(QStringLiteral("legend-area area"), feature));
         writeText(svg, symbol + 22, y + 4, feature.name, QString());
-        y += rowHeight;
-        writeText(svg, symbol + 22, y + 4, recordSummary(feature), QStringLiteral("axis"));
-        y += rowHeight;
+        writeText(svg, symbol - 11, y + 4 + legendSubLine + 4, kindLabel(feature.kind),
+                  QStringLiteral("axis"));
+        writeText(svg, symbol - 11, y + 4 + 2 * legendSubLine + 4, recordSummary(feature),
+                  QStringLiteral("axis"));
+        y += legendRecordHeight;
     }
     if (counts[XmlGeoFeature::Interlink] > 0) {
         svg.writeEmptyElement(QStringLiteral("line"));
