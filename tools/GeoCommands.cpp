@@ -105,10 +105,9 @@ bool writeMap(const MapDocument& document, MapWriter write, const QString& out, 
         problem = writeKmz(out, buffer.data(), document.pictures);
         return problem.isEmpty();
     }
-    QFile output;
-    const bool opened = out.isEmpty()
-                            ? output.open(stdout, QIODevice::WriteOnly)
-                            : (output.setFileName(out), output.open(QIODevice::WriteOnly));
+    QFile output(out);
+    const bool opened = out.isEmpty() ? output.open(stdout, QIODevice::WriteOnly)
+                                      : output.open(QIODevice::WriteOnly);
     if (!opened) {
         problem = out + QStringLiteral(": cannot open: ") + output.errorString();
         return false;
