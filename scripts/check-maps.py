@@ -21,6 +21,7 @@ import sys
 import tempfile
 import zipfile
 import zlib
+from xml.etree import ElementTree
 
 kelxml = sys.argv[1]
 examples = sys.argv[2] if len(sys.argv) > 2 else os.path.join(os.path.dirname(__file__), "..", "examples")
@@ -57,7 +58,20 @@ def check_document(work, name, document, beside=None, expect=0):
     with open(stem + ".svg", "w") as output:
         output.write(svg.stdout)
     with open(stem + ".json") as source:
-        objects = len(json.load(source)["features"])
+        features = json.load(source)["features"]
+    objects = len(features)
+    # The SVG draws a marker per point, an outline per area and result
+    # record, a line per interlink: as many as the GeoJSON has geometries.
+    drawn = {"marker": 0, "area": 0, "link": 0}
+    for element in ElementTree.fromstring(svg.stdout.encode()).iter():
+        first = element.get("class", "").split(" ")[0]
+        if first in drawn:
+            drawn[first] += 1
+    types = [(f["geometry"] or {}).get("type") for f in features]
+    expected = {"marker": types.count("Point"), "area": types.count("Polygon"),
+                "link": types.count("LineString")}
+    if drawn != expected:
+        fail("%s.svg draws %s, the GeoJSON holds %s" % (name, drawn, expected))
     reference = geometries(stem + ".json")
     if reference[0] != objects:
         fail("%s: ogrinfo reads %d GeoJSON features, the file holds %d" % (name, reference[0], objects))

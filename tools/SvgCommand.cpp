@@ -556,7 +556,7 @@ void writeLegend(QXmlStreamWriter& svg, const QVector<XmlGeoFeature>& features, 
         svg.writeAttribute(QStringLiteral("y1"), number(y));
         svg.writeAttribute(QStringLiteral("x2"), number(symbol + 11));
         svg.writeAttribute(QStringLiteral("y2"), number(y));
-        svg.writeAttribute(QStringLiteral("class"), QStringLiteral("link interlink"));
+        svg.writeAttribute(QStringLiteral("class"), QStringLiteral("legend-link link interlink"));
         writeText(svg, symbol + 22, y + 4,
                   QStringLiteral("%1 (%2)")
                       .arg(kindLabel(XmlGeoFeature::Interlink))
