@@ -234,9 +234,8 @@ const QCommandLineOption& extentOption()
 {
     static const QCommandLineOption option(
         QStringLiteral("extent"),
-        QStringLiteral("kml, worldfile: the box a picture covers: area:NAME or result:NAME, an "
-                       "area or result record of "
-                       "the document, or W,S,E,N in degrees."),
+        QStringLiteral("kml, worldfile: the box a picture covers: area:NAME or result:NAME, "
+                       "an area or result record of the document, or W,S,E,N in degrees."),
         QStringLiteral("EXTENT"));
     return option;
 }
