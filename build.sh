@@ -17,8 +17,11 @@
 set -euo pipefail
 cd "$(dirname "$0")"
 
-# python3-jsonschema: the test that validates check's JSON records.
-packages=(cmake ninja-build g++ pkg-config qtbase5-dev qt6-base-dev python3 python3-jsonschema)
+# python3-jsonschema: the test that validates check's JSON records. libzip-dev:
+# the tool's KMZ. gdal-bin and libxml2-utils: the tests that read the tool's
+# maps with ogrinfo, gdalinfo and xmllint.
+packages=(cmake ninja-build g++ pkg-config qtbase5-dev qt6-base-dev python3 python3-jsonschema
+    libzip-dev gdal-bin libxml2-utils)
 
 install_packages() {
     local missing=()

@@ -1,6 +1,7 @@
 // kelxml geojson: a document's geographic objects as a GeoJSON
 // FeatureCollection. Positions are [longitude, latitude]; an area is a
-// Polygon whose one ring is closed and runs counter-clockwise. An object
+// Polygon whose one ring is closed and runs counter-clockwise, an interlink a
+// LineString. An object
 // without a usable position (a polygon of fewer than three vertices, a
 // coordinate that is not a finite number) keeps its properties under a null
 // geometry.
@@ -30,6 +31,15 @@ QJsonArray coordinates(const XmlGeoFeature::Position& position)
 
 QJsonValue geometry(const XmlGeoFeature& feature)
 {
+    if (feature.shape == XmlGeoFeature::Line) {
+        if (feature.positions.size() != 2 || !finite(feature.positions[0]) ||
+            !finite(feature.positions[1]))
+            return QJsonValue::Null;
+        return QJsonObject{
+            {QStringLiteral("type"), QStringLiteral("LineString")},
+            {QStringLiteral("coordinates"),
+             QJsonArray{coordinates(feature.positions[0]), coordinates(feature.positions[1])}}};
+    }
     if (feature.shape == XmlGeoFeature::Point) {
         if (feature.positions.size() != 1 || !finite(feature.positions.first()))
             return QJsonValue::Null;
@@ -56,6 +66,18 @@ QJsonObject properties(const XmlGeoFeature& feature)
     properties.insert(QStringLiteral("valid"), feature.valid);
     if (!feature.valid)
         properties.insert(QStringLiteral("problem"), feature.problem);
+    // The simplestyle keys that GIS tools and web maps style features by, in
+    // the kind's colour.
+    const QString colour = XmlGeoFeature::kindColour(feature.kind);
+    if (feature.shape == XmlGeoFeature::Point) {
+        properties.insert(QStringLiteral("marker-color"), colour);
+    } else {
+        properties.insert(QStringLiteral("stroke"), colour);
+        if (feature.shape != XmlGeoFeature::Line) {
+            properties.insert(QStringLiteral("fill"), colour);
+            properties.insert(QStringLiteral("fill-opacity"), 0.25);
+        }
+    }
     return properties;
 }
 

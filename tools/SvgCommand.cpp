@@ -23,6 +23,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <limits>
 #include <utility>
 
@@ -57,12 +58,11 @@ text { font-family: 'DejaVu Sans', Arial, Helvetica, sans-serif; font-size: 12px
 .label { paint-order: stroke; stroke: #fff; stroke-width: 3px; stroke-linejoin: round; }
 .name-aoi { fill: #a6430a; font-style: italic; }
 .name-deployment { fill: #126b51; font-style: italic; }
-.aoi { fill: #ff7f00; fill-opacity: 0.15; stroke: #d95f02; stroke-width: 2; }
-.deployment { fill: #1b9e77; fill-opacity: 0.10; stroke: #1b9e77; stroke-width: 2; stroke-dasharray: 8 4; }
-.station { fill: #7570b3; stroke: #2c2a52; stroke-width: 1; }
-.finder { fill: #1f78b4; stroke: #0b2e45; stroke-width: 1; }
-.receiver { fill: #33a02c; stroke: #134010; stroke-width: 1; }
-.emitter { fill: #e7298a; stroke: #5a0c34; stroke-width: 1; }
+.area { fill-opacity: 0.15; stroke-width: 2; }
+.deployment { fill-opacity: 0.10; stroke-dasharray: 8 4; }
+.result { fill-opacity: 0.08; stroke-dasharray: 2 3; }
+.marker { stroke: #222; stroke-width: 1; }
+.link { fill: none; stroke-width: 2.5; }
 .invalid { stroke: #e00000; stroke-width: 2.5; }
 .legend { fill: #fff; stroke: #bbb; stroke-width: 1; }
 )";
@@ -81,6 +81,9 @@ bool shown(const XmlGeoFeature& feature)
 {
     if (feature.shape == XmlGeoFeature::Point)
         return feature.positions.size() == 1 && drawable(feature.positions.first());
+    if (feature.shape == XmlGeoFeature::Line)
+        return feature.positions.size() == 2 &&
+               std::all_of(feature.positions.begin(), feature.positions.end(), drawable);
     const QVector<Position> ring = feature.ring();
     return !ring.isEmpty() && std::all_of(ring.begin(), ring.end(), drawable);
 }
@@ -167,9 +170,33 @@ const struct
     const char* cssClass;
     const char* label;
 } kindStyles[] = {
-    {"aoi", "Area of interest"},    {"deployment", "Deployment area"}, {"station", "Station"},
-    {"finder", "Direction finder"}, {"receiver", "Receiver"},          {"emitter", "Emitter"},
+    {"aoi", "Area of interest"},
+    {"deployment", "Deployment area"},
+    {"station", "Station"},
+    {"finder", "Direction finder"},
+    {"receiver", "Receiver"},
+    {"emitter", "Emitter"},
+    {"result-findsites", "Site finding"},
+    {"result-cep", "Circular error probable"},
+    {"result-detectprob", "Detection probability"},
+    {"result-dfcoverage", "DF coverage"},
+    {"interlink", "Interlink"},
 };
+static_assert(std::size(kindStyles) == XmlGeoFeature::kindCount, "one style per kind");
+
+// Each kind's class in the kind's colour, the colour every map format shares:
+// an outline and a light fill for areas, a fill for markers, a stroke for lines.
+QString kindRules()
+{
+    QString rules;
+    for (int kind = 0; kind < XmlGeoFeature::kindCount; ++kind) {
+        const QString colour = XmlGeoFeature::kindColour(XmlGeoFeature::Kind(kind));
+        rules += QStringLiteral(".%1 { fill: %2; stroke: %2; }\n")
+                     .arg(QLatin1String(kindStyles[kind].cssClass), colour);
+    }
+    // Markers keep their dark outline, invalid objects their red one.
+    return rules + QStringLiteral(".marker { stroke: #222; }\n.invalid { stroke: #e00000; }\n");
+}
 
 QString kindClass(XmlGeoFeature::Kind kind)
 {
@@ -318,10 +345,28 @@ void writeGraticule(QXmlStreamWriter& svg, const Projection& projection)
     svg.writeEndElement();
 }
 
+// What a result record holds of its values: their unit and range and the
+// grid they were computed on ("-95 to -40 dBm, grid 100"). The values of the
+// cells are not in the messages.
+QString recordSummary(const XmlGeoFeature& feature)
+{
+    const QVariantMap& p = feature.properties;
+    return QStringLiteral("%1 to %2 %3, grid %4")
+        .arg(QString::number(p.value(QStringLiteral("min")).toDouble(), 'g', 6),
+             QString::number(p.value(QStringLiteral("max")).toDouble(), 'g', 6),
+             p.value(QStringLiteral("unit")).toString(),
+             p.value(QStringLiteral("grid")).toString());
+}
+
 QString tooltip(const XmlGeoFeature& feature)
 {
     QString text =
         kindLabel(feature.kind) + QStringLiteral(" \"") + feature.name + QLatin1Char('"');
+    if (feature.isResultRecord())
+        text += QLatin1Char('\n') + recordSummary(feature);
+    const QString resultText = feature.properties.value(QStringLiteral("text")).toString();
+    if (!resultText.isEmpty())
+        text += QLatin1Char('\n') + resultText;
     if (!feature.valid)
         text += QStringLiteral("\ninvalid: ") + feature.problem;
     return text;
@@ -330,6 +375,8 @@ QString tooltip(const XmlGeoFeature& feature)
 QString classes(const QString& base, const XmlGeoFeature& feature)
 {
     QString result = base + QLatin1Char(' ') + kindClass(feature.kind);
+    if (feature.isResultRecord())
+        result += QStringLiteral(" result");
     if (!feature.valid)
         result += QStringLiteral(" invalid");
     return result;
@@ -358,12 +405,15 @@ SvgLayout::Rect markerBox(const XmlGeoFeature& feature, const Projection& projec
     return {x - reach, y - reach, x + reach, y + reach};
 }
 
-// The places a feature's name may go, best first: around a marker, or about
-// the mean of an area's corners. None when the feature has no position to show.
+// The places a feature's name may go, best first: around a marker; for an
+// area or an interlink, about its middle (the mean of an area's corners, the
+// middle of a line), then around that point as around a small marker. None
+// when the feature has no position to show, and none for a result record: it
+// mostly covers an area that is named already, and the legend names it.
 QVector<SvgLayout::Placement> labelPlacements(const XmlGeoFeature& feature,
                                               const Projection& projection)
 {
-    if (!shown(feature))
+    if (!shown(feature) || feature.isResultRecord())
         return {};
     if (feature.shape == XmlGeoFeature::Point) {
         return SvgLayout::markerPlacements(feature.name, labelFontSize, labelHalo,
@@ -371,16 +421,26 @@ QVector<SvgLayout::Placement> labelPlacements(const XmlGeoFeature& feature,
                                            projection.y(feature.positions.first().latitude),
                                            markerReach(feature.kind));
     }
-    const QVector<Position> ring = feature.ring();
-    double longitude = 0.0;
-    double latitude = 0.0;
-    for (int i = 0; i + 1 < ring.size(); ++i) {
-        longitude += ring[i].longitude;
-        latitude += ring[i].latitude;
+    double x = 0.0;
+    double y = 0.0;
+    if (feature.shape == XmlGeoFeature::Line) {
+        x = projection.x((feature.positions[0].longitude + feature.positions[1].longitude) / 2);
+        y = projection.y((feature.positions[0].latitude + feature.positions[1].latitude) / 2) - 6;
+    } else {
+        const QVector<Position> ring = feature.ring();
+        double longitude = 0.0;
+        double latitude = 0.0;
+        for (int i = 0; i + 1 < ring.size(); ++i) {
+            longitude += ring[i].longitude;
+            latitude += ring[i].latitude;
+        }
+        x = projection.x(longitude / (ring.size() - 1));
+        y = projection.y(latitude / (ring.size() - 1));
     }
-    return SvgLayout::areaPlacements(feature.name, labelFontSize, labelHalo,
-                                     projection.x(longitude / (ring.size() - 1)),
-                                     projection.y(latitude / (ring.size() - 1)));
+    QVector<SvgLayout::Placement> places =
+        SvgLayout::areaPlacements(feature.name, labelFontSize, labelHalo, x, y);
+    places += SvgLayout::markerPlacements(feature.name, labelFontSize, labelHalo, x, y, 4.0);
+    return places;
 }
 
 void writeArea(QXmlStreamWriter& svg, const XmlGeoFeature& feature, const Projection& projection)
@@ -399,6 +459,21 @@ void writeArea(QXmlStreamWriter& svg, const XmlGeoFeature& feature, const Projec
     svg.writeEndElement();
 }
 
+// An interlink: a line between its two stations.
+void writeLink(QXmlStreamWriter& svg, const XmlGeoFeature& feature, const Projection& projection)
+{
+    if (!shown(feature))
+        return;
+    svg.writeStartElement(QStringLiteral("line"));
+    svg.writeAttribute(QStringLiteral("x1"), number(projection.x(feature.positions[0].longitude)));
+    svg.writeAttribute(QStringLiteral("y1"), number(projection.y(feature.positions[0].latitude)));
+    svg.writeAttribute(QStringLiteral("x2"), number(projection.x(feature.positions[1].longitude)));
+    svg.writeAttribute(QStringLiteral("y2"), number(projection.y(feature.positions[1].latitude)));
+    svg.writeAttribute(QStringLiteral("class"), classes(QStringLiteral("link"), feature));
+    svg.writeTextElement(QStringLiteral("title"), tooltip(feature));
+    svg.writeEndElement();
+}
+
 void writePlaced(QXmlStreamWriter& svg, const XmlGeoFeature& feature, const Projection& projection)
 {
     if (feature.positions.size() != 1 || !drawable(feature.positions.first()))
@@ -411,6 +486,32 @@ void writePlaced(QXmlStreamWriter& svg, const XmlGeoFeature& feature, const Proj
     svg.writeEndElement();
 }
 
+constexpr double legendRowHeight = 24.0;
+// A result record's block: its name on a row, then two small lines below it.
+constexpr double legendSubLine = 14.0;
+constexpr double legendRecordHeight = legendRowHeight + 2 * legendSubLine + 4.0;
+
+// The legend's height: a row for each of the six kinds of objects, a block
+// per result record (its name; its kind; its unit, range and grid), and a
+// row for the interlinks, the invalid and the hidden objects and the names left
+// out when there are any.
+double legendHeight(const QVector<XmlGeoFeature>& features, int leftOut)
+{
+    int records = 0;
+    bool links = false;
+    bool invalid = false;
+    bool hidden = false;
+    for (const XmlGeoFeature& feature : features) {
+        records += feature.isResultRecord();
+        links = links || feature.kind == XmlGeoFeature::Interlink;
+        invalid = invalid || !feature.valid;
+        hidden = hidden || !shown(feature);
+    }
+    return 36.0 +
+           (6 + int(links) + int(invalid) + int(hidden) + int(leftOut > 0)) * legendRowHeight +
+           records * legendRecordHeight;
+}
+
 void writeLegend(QXmlStreamWriter& svg, const QVector<XmlGeoFeature>& features, int leftOut,
                  double left, double top)
 {
@@ -418,7 +519,7 @@ void writeLegend(QXmlStreamWriter& svg, const QVector<XmlGeoFeature>& features, 
         XmlGeoFeature::AreaOfInterest,  XmlGeoFeature::DeploymentArea, XmlGeoFeature::Station,
         XmlGeoFeature::DirectionFinder, XmlGeoFeature::Receiver,       XmlGeoFeature::Emitter,
     };
-    int counts[6] = {};
+    int counts[XmlGeoFeature::kindCount] = {};
     int invalid = 0;
     int hidden = 0;
     for (const XmlGeoFeature& feature : features) {
@@ -428,9 +529,7 @@ void writeLegend(QXmlStreamWriter& svg, const QVector<XmlGeoFeature>& features, 
         if (!shown(feature))
             ++hidden;
     }
-    const double rowHeight = 24.0;
-    const int rows = 6 + (invalid > 0 ? 1 : 0) + (hidden > 0 ? 1 : 0) + (leftOut > 0 ? 1 : 0);
-    const double height = 36.0 + rows * rowHeight;
+    const double rowHeight = legendRowHeight;
 
     svg.writeStartElement(QStringLiteral("g"));
     svg.writeAttribute(QStringLiteral("id"), QStringLiteral("legend"));
@@ -438,26 +537,53 @@ void writeLegend(QXmlStreamWriter& svg, const QVector<XmlGeoFeature>& features, 
     svg.writeAttribute(QStringLiteral("x"), number(left));
     svg.writeAttribute(QStringLiteral("y"), number(top));
     svg.writeAttribute(QStringLiteral("width"), number(legendWidth));
-    svg.writeAttribute(QStringLiteral("height"), number(height));
+    svg.writeAttribute(QStringLiteral("height"), number(legendHeight(features, leftOut)));
     svg.writeAttribute(QStringLiteral("class"), QStringLiteral("legend"));
     writeText(svg, left + 12, top + 22, QStringLiteral("Legend"), QStringLiteral("title"));
 
     double y = top + 36.0 + rowHeight / 2;
     const double symbol = left + 24;
+    const auto areaSymbol = [&](const QString& classes) {
+        svg.writeEmptyElement(QStringLiteral("rect"));
+        svg.writeAttribute(QStringLiteral("x"), number(symbol - 11));
+        svg.writeAttribute(QStringLiteral("y"), number(y - 8));
+        svg.writeAttribute(QStringLiteral("width"), number(22));
+        svg.writeAttribute(QStringLiteral("height"), number(16));
+        svg.writeAttribute(QStringLiteral("class"), classes);
+    };
     for (const XmlGeoFeature::Kind kind : kinds) {
-        if (kind == XmlGeoFeature::AreaOfInterest || kind == XmlGeoFeature::DeploymentArea) {
-            svg.writeEmptyElement(QStringLiteral("rect"));
-            svg.writeAttribute(QStringLiteral("x"), number(symbol - 11));
-            svg.writeAttribute(QStringLiteral("y"), number(y - 8));
-            svg.writeAttribute(QStringLiteral("width"), number(22));
-            svg.writeAttribute(QStringLiteral("height"), number(16));
-            svg.writeAttribute(QStringLiteral("class"),
-                               QStringLiteral("legend-area ") + kindClass(kind));
-        } else {
-            writeMarker(svg, kind, symbol, y, QStringLiteral("legend-marker ") + kindClass(kind));
-        }
+        if (kind == XmlGeoFeature::AreaOfInterest || kind == XmlGeoFeature::DeploymentArea)
+            areaSymbol(QStringLiteral("legend-area area ") + kindClass(kind));
+        else
+            writeMarker(svg, kind, symbol, y,
+                        QStringLiteral("legend-marker marker ") + kindClass(kind));
         writeText(svg, symbol + 22, y + 4,
                   QStringLiteral("%1 (%2)").arg(kindLabel(kind)).arg(counts[kind]), QString());
+        y += rowHeight;
+    }
+    for (const XmlGeoFeature& feature : features) {
+        if (!feature.isResultRecord())
+            continue;
+        areaSymbol(classes(QStringLiteral("legend-area area"), feature));
+        writeText(svg, symbol + 22, y + 4, feature.name, QString());
+        writeText(svg, symbol - 11, y + 4 + legendSubLine + 4, kindLabel(feature.kind),
+                  QStringLiteral("axis"));
+        writeText(svg, symbol - 11, y + 4 + 2 * legendSubLine + 4, recordSummary(feature),
+                  QStringLiteral("axis"));
+        y += legendRecordHeight;
+    }
+    if (counts[XmlGeoFeature::Interlink] > 0) {
+        svg.writeEmptyElement(QStringLiteral("line"));
+        svg.writeAttribute(QStringLiteral("x1"), number(symbol - 11));
+        svg.writeAttribute(QStringLiteral("y1"), number(y));
+        svg.writeAttribute(QStringLiteral("x2"), number(symbol + 11));
+        svg.writeAttribute(QStringLiteral("y2"), number(y));
+        svg.writeAttribute(QStringLiteral("class"), QStringLiteral("legend-link link interlink"));
+        writeText(svg, symbol + 22, y + 4,
+                  QStringLiteral("%1 (%2)")
+                      .arg(kindLabel(XmlGeoFeature::Interlink))
+                      .arg(counts[XmlGeoFeature::Interlink]),
+                  QString());
         y += rowHeight;
     }
     if (invalid > 0) {
@@ -498,7 +624,10 @@ bool writeSvg(const MapDocument& document, QIODevice& device)
     const double legendLeft = leftMargin + projection.width() + legendGap;
     const double width = legendLeft + legendWidth + 20.0;
     const double plotBottom = topMargin + projection.height() + bottomMargin;
-    const double height = std::max(plotBottom, topMargin + 36.0 + 9 * 24.0 + 20.0);
+    // The legend keeps room for the row that counts the names left out, which
+    // are known only once the names are placed.
+    const double height = std::max(
+        plotBottom, topMargin + std::max(36.0 + 9 * 24.0, legendHeight(features, 1)) + 20.0);
 
     QXmlStreamWriter svg(&device);
     svg.setAutoFormatting(true);
@@ -512,7 +641,7 @@ bool writeSvg(const MapDocument& document, QIODevice& device)
     svg.writeAttribute(QStringLiteral("viewBox"),
                        QStringLiteral("0 0 %1 %2").arg(number(width), number(height)));
     svg.writeTextElement(QStringLiteral("title"), document.title);
-    svg.writeTextElement(QStringLiteral("style"), QString::fromUtf8(styleSheet));
+    svg.writeTextElement(QStringLiteral("style"), QString::fromUtf8(styleSheet) + kindRules());
     svg.writeEmptyElement(QStringLiteral("rect"));
     svg.writeAttribute(QStringLiteral("width"), QStringLiteral("100%"));
     svg.writeAttribute(QStringLiteral("height"), QStringLiteral("100%"));
@@ -530,7 +659,9 @@ bool writeSvg(const MapDocument& document, QIODevice& device)
     svg.writeStartElement(QStringLiteral("g"));
     svg.writeAttribute(QStringLiteral("id"), QStringLiteral("areas"));
     for (const XmlGeoFeature::Kind kind :
-         {XmlGeoFeature::DeploymentArea, XmlGeoFeature::AreaOfInterest}) {
+         {XmlGeoFeature::DeploymentArea, XmlGeoFeature::AreaOfInterest,
+          XmlGeoFeature::ResultFindSites, XmlGeoFeature::ResultCep, XmlGeoFeature::ResultDetectProb,
+          XmlGeoFeature::ResultDfCoverage}) {
         for (const XmlGeoFeature& feature : std::as_const(features)) {
             if (feature.kind == kind)
                 writeArea(svg, feature, projection);
@@ -541,7 +672,11 @@ bool writeSvg(const MapDocument& document, QIODevice& device)
     svg.writeStartElement(QStringLiteral("g"));
     svg.writeAttribute(QStringLiteral("id"), QStringLiteral("objects"));
     for (const XmlGeoFeature& feature : std::as_const(features)) {
-        if (!feature.isArea())
+        if (feature.kind == XmlGeoFeature::Interlink)
+            writeLink(svg, feature, projection);
+    }
+    for (const XmlGeoFeature& feature : std::as_const(features)) {
+        if (feature.shape == XmlGeoFeature::Point)
             writePlaced(svg, feature, projection);
     }
     svg.writeEndElement();
@@ -554,7 +689,7 @@ bool writeSvg(const MapDocument& document, QIODevice& device)
         {projection.x(projection.box().west) + 1, projection.y(projection.box().north) + 1,
          projection.x(projection.box().east) - 1, projection.y(projection.box().south) - 1});
     for (const XmlGeoFeature& feature : std::as_const(features)) {
-        if (!feature.isArea() && shown(feature))
+        if (feature.shape == XmlGeoFeature::Point && shown(feature))
             placer.addMarker(markerBox(feature, projection));
     }
     const auto chosen = placer.placeAll(
@@ -566,10 +701,10 @@ bool writeSvg(const MapDocument& document, QIODevice& device)
         const XmlGeoFeature& feature = features[i];
         const std::optional<SvgLayout::Placement>& place = chosen[size_t(i)];
         if (!place) {
-            leftOut += shown(feature) ? 1 : 0;
+            leftOut += shown(feature) && !feature.isResultRecord() ? 1 : 0;
             continue;
         }
-        const QString style = feature.isArea()
+        const QString style = feature.isArea() || feature.shape == XmlGeoFeature::Line
                                   ? QStringLiteral("label name-") + kindClass(feature.kind)
                                   : QStringLiteral("label");
         writeText(svg, place->x, place->y, feature.name, style,

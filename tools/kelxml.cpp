@@ -48,11 +48,26 @@ const std::vector<ToolCommand>& commands()
          {}},
         mapCommand(QStringLiteral("geojson"),
                    QStringLiteral("Write the areas, stations, direction finders,\n"
-                                  "receivers and emitters of a scenario snapshot or of\n"
-                                  "the create commands of a command message as GeoJSON."),
+                                  "receivers, emitters and result records of a scenario\n"
+                                  "snapshot, of the create commands of a command\n"
+                                  "message, or of a response beside the document given\n"
+                                  "with --scenario that holds what it names, as GeoJSON."),
                    &writeGeoJson),
         mapCommand(QStringLiteral("svg"), QStringLiteral("Write the same objects as an SVG map."),
                    &writeSvg),
+        mapCommand(QStringLiteral("kml"),
+                   QStringLiteral("Write the same objects as KML; with -o OUT.kmz as a\n"
+                                  "KMZ that holds the pictures placed with --picture\n"
+                                  "IMG --extent ... as ground overlays."),
+                   &writeKml, {pictureOption(), extentOption()}),
+        {QStringLiteral("worldfile"),
+         QStringLiteral("worldfile IMG --extent area:NAME|result:NAME|W,S,E,N [--scenario FILE]"),
+         QStringLiteral("Write the world file (.pgw, .jgw) and the .aux.xml\n"
+                        "(WGS 84) that place the picture on the extent: an\n"
+                        "area or result record of --scenario, or degrees."),
+         true,
+         &runWorldFile,
+         {extentOption(), besideOption()}},
     };
     return table;
 }
@@ -95,8 +110,9 @@ QString description()
                       "\n"
                       "Exit status: 0 all valid, 1 some element invalid, 2 some file unreadable\n"
                       "(missing file, malformed XML, a limit exceeded, or an element its class\n"
-                      "cannot read), 64 wrong usage. geojson and svg exit 0 once written: invalid\n"
-                      "objects are written too, marked as such.");
+                      "cannot read), 64 wrong usage. geojson, svg and kml exit 0 once written:\n"
+                      "invalid objects are written too, marked as such, and a response whose\n"
+                      "reading stopped at an element's error is drawn as far as it was read.");
 }
 
 void setUp(QCommandLineParser& parser, const ToolOptions& options)
@@ -106,9 +122,15 @@ void setUp(QCommandLineParser& parser, const ToolOptions& options)
     parser.addVersionOption();
     options.addTo(parser);
     QStringList names;
+    QStringList added; // an option several commands take is added once
     for (const ToolCommand& command : commands()) {
         names.append(command.name);
-        parser.addOptions(command.options);
+        for (const QCommandLineOption& option : command.options) {
+            if (!added.contains(option.names().first())) {
+                added.append(option.names().first());
+                parser.addOption(option);
+            }
+        }
     }
     parser.addPositionalArgument(QStringLiteral("command"), orList(names) + QLatin1Char('.'));
     parser.addPositionalArgument(QStringLiteral("files"), QStringLiteral("The files to read."),
@@ -158,12 +180,28 @@ int main(int argc, char* argv[])
     }
     if (!command)
         return usageError(QStringLiteral("unknown command '%1'.").arg(invocation.command));
-    // An option of one command is wrong with any other.
+    // An option of some commands is wrong with any other.
+    const auto takes = [](const ToolCommand& which, const QCommandLineOption& option) {
+        for (const QCommandLineOption& own : which.options) {
+            if (own.names() == option.names())
+                return true;
+        }
+        return false;
+    };
     for (const ToolCommand& other : commands()) {
         for (const QCommandLineOption& option : other.options) {
-            if (&other != command && parser.isSet(option))
-                return usageError(QStringLiteral("--%1 is an option of '%2' only.")
-                                      .arg(option.names().first(), other.name));
+            if (takes(*command, option) || !parser.isSet(option))
+                continue;
+            QStringList owners;
+            for (const ToolCommand& owner : commands()) {
+                if (takes(owner, option))
+                    owners.append(QLatin1Char('\'') + owner.name + QLatin1Char('\''));
+            }
+            const QString given = option.names().first();
+            return usageError(
+                QStringLiteral("%1%2 is an option of %3 only.")
+                    .arg(given.size() == 1 ? QStringLiteral("-") : QStringLiteral("--"), given,
+                         orList(owners)));
         }
     }
     return command->run(invocation);

@@ -2,19 +2,28 @@
 
 #include "XmlCmdRoot.h"
 #include "XmlKelBtType.h"
+#include "XmlRespRoot.h"
+
+#include <type_traits>
 
 namespace KelXml {
 
 namespace {
 
-// The map of a kind whose root class has a visitGeoFeatures overload.
+// The map of a kind whose root class has a visitGeoFeatures overload: one of
+// a document that holds its objects, or one of a response that names them.
 template <class Root>
-bool visitRoot(const IXmlElement& root, const XmlGeoVisitor& visit)
+bool visitRoot(const IXmlElement& root, const XmlGeoLookup& beside, const XmlGeoVisitor& visit,
+               QStringList* unresolved)
 {
     const auto* document = dynamic_cast<const Root*>(&root);
-    if (document)
+    if (!document)
+        return false;
+    if constexpr (std::is_same<Root, XmlRespRoot>::value)
+        visitGeoFeatures(*document, beside, visit, unresolved);
+    else
         visitGeoFeatures(*document, visit);
-    return document != nullptr;
+    return true;
 }
 
 // A response carries its type, or its content names it; a scenario snapshot
@@ -56,7 +65,7 @@ const std::vector<XmlDocumentKind>& XmlDocumentKind::all()
         // name       root class      root element  fuzz target      map                      by content
         {"scenario", "XmlKelBtType", "Scenario", "fuzz_scenario", &visitRoot<XmlKelBtType>, &isScenario},
         {"command", "XmlCmdRoot", "Command", "fuzz_command", &visitRoot<XmlCmdRoot>, &isCommand},
-        {"response", "XmlRespRoot", "Response", "fuzz_response", nullptr, &isResponse},
+        {"response", "XmlRespRoot", "Response", "fuzz_response", &visitRoot<XmlRespRoot>, &isResponse},
     };
     // clang-format on
     return kinds;

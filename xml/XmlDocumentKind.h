@@ -52,8 +52,13 @@ struct KELXML_EXPORT XmlDocumentKind
     const char* fuzzTarget;
     /// Calls visit once per geographic object of a root of this kind, as
     /// visitGeoFeatures() does, and returns true; false, visiting nothing,
-    /// for an element of another class. Null when the kind has no map.
-    bool (*visitGeoFeatures)(const IXmlElement& root, const XmlGeoVisitor& visit);
+    /// for an element of another class. Null when the kind has no map. A kind
+    /// whose documents name objects that another document holds (a
+    /// response) looks them up in beside and appends the names it cannot
+    /// resolve to unresolved (when given); the others hold their objects and
+    /// pass both by.
+    bool (*visitGeoFeatures)(const IXmlElement& root, const XmlGeoLookup& beside,
+                             const XmlGeoVisitor& visit, QStringList* unresolved);
 
     /// Whether a root of this shape is a document of this kind. The rows
     /// exclude each other: at most one recognises a shape.

@@ -68,8 +68,22 @@ private slots:
         QTest::newRow("word as faults")
             << QStringList{"check", "-a", "command", "--faults", "most", "a"}
             << "--faults needs a number of faults or 'all', not 'most'.";
-        QTest::newRow("map of another class") << QStringList{"svg", "--as", "response", "a.xml"}
-                                              << "'svg' needs --as scenario or --as command.";
+        QTest::newRow("map of another class")
+            << QStringList{"svg", "--as", "XmlAoiType", "a.xml"}
+            << "'svg' needs --as scenario, --as command or --as response.";
+        QTest::newRow("option of other commands")
+            << QStringList{"check", "--scenario", "s.xml", "a.xml"}
+            << "--scenario is an option of 'geojson', 'svg', 'kml' or 'worldfile' only.";
+        QTest::newRow("worldfile without extent")
+            << QStringList{"worldfile", "a.png"} << "'worldfile' needs --extent";
+        QTest::newRow("extent of nothing")
+            << QStringList{"worldfile", "a.png", "--extent", "10,50,9,51"}
+            << "--extent '10,50,9,51' needs -180 <= W < E <= 180 and -90 <= S < N <= 90.";
+        QTest::newRow("picture without kmz")
+            << QStringList{"kml", "--picture", "a.png", "--extent", "1,2,3,4", "a.xml"}
+            << "--picture needs -o FILE.kmz";
+        QTest::newRow("kmz of geojson")
+            << QStringList{"geojson", "-o", "a.kmz", "a.xml"} << "only 'kml' writes a KMZ.";
         QTest::newRow("map of two files") << QStringList{"geojson", "--as", "XmlCmdRoot", "a", "b"}
                                           << "'geojson' takes exactly one file.";
     }
@@ -104,20 +118,32 @@ private slots:
             "  format [--as CLASS] FILE  Read the element and write it back to standard output\n"
             "                            in its canonical, indented form.\n"
             "  classes                   List the element classes (and aliases) known.\n"
-            "  geojson [--as scenario|command] FILE\n"
+            "  geojson [--as scenario|command|response] FILE [--scenario FILE] [-o OUT]\n"
             "                            Write the areas, stations, direction finders,\n"
-            "                            receivers and emitters of a scenario snapshot or of\n"
-            "                            the create commands of a command message as GeoJSON.\n"
-            "  svg [--as scenario|command] FILE\n"
+            "                            receivers, emitters and result records of a scenario\n"
+            "                            snapshot, of the create commands of a command\n"
+            "                            message, or of a response beside the document given\n"
+            "                            with --scenario that holds what it names, as GeoJSON.\n"
+            "  svg [--as scenario|command|response] FILE [--scenario FILE] [-o OUT]\n"
             "                            Write the same objects as an SVG map.\n"
+            "  kml [--as scenario|command|response] FILE [--scenario FILE] [-o OUT]\n"
+            "                            Write the same objects as KML; with -o OUT.kmz as a\n"
+            "                            KMZ that holds the pictures placed with --picture\n"
+            "                            IMG --extent ... as ground overlays.\n"
+            "  worldfile IMG --extent area:NAME|result:NAME|W,S,E,N [--scenario FILE]\n"
+            "                            Write the world file (.pgw, .jgw) and the .aux.xml\n"
+            "                            (WGS 84) that place the picture on the extent: an\n"
+            "                            area or result record of --scenario, or degrees.\n"
             "\n"
             "FILE '-' reads standard input.\n"
             "\n"
             "Files are read as untrusted input:";
         QVERIFY2(run.out.contains(commands), qPrintable(run.out));
-        QVERIFY2(run.out.contains(
-                     "\n  command                      check, format, classes, geojson or svg.\n"),
-                 qPrintable(run.out));
+        QVERIFY2(
+            run.out.contains(
+                "\n  command                      check, format, classes, geojson, svg, kml or\n"
+                "                               worldfile.\n"),
+            qPrintable(run.out));
     }
 
     // The Qt 6 build is kelxml6 and names itself so; the version is the project's.

@@ -113,8 +113,10 @@ QString geoJsonFault(const QJsonObject& feature)
     if (feature.value("type") != QJsonValue("Feature"))
         return "not a Feature";
     const QJsonObject properties = feature.value("properties").toObject();
-    static const QStringList kinds{"AreaOfInterest",  "DeploymentArea", "Station",
-                                   "DirectionFinder", "Receiver",       "Emitter"};
+    static const QStringList kinds{"AreaOfInterest",    "DeploymentArea", "Station",
+                                   "DirectionFinder",   "Receiver",       "Emitter",
+                                   "Result_FindSites",  "Result_CEP",     "Result_DetectProb",
+                                   "Result_DfCoverage", "Interlink"};
     if (!kinds.contains(properties.value("kind").toString()) ||
         !properties.value("name").isString() || !properties.value("valid").isBool())
         return "kind, name or valid missing";
@@ -135,6 +137,11 @@ QString geoJsonFault(const QJsonObject& feature)
     const QJsonArray coordinates = geometry.toObject().value("coordinates").toArray();
     if (type == "Point")
         return position(geometry.toObject().value("coordinates")) ? QString() : "bad point";
+    if (type == "LineString")
+        return coordinates.size() == 2 &&
+                       std::all_of(coordinates.begin(), coordinates.end(), position)
+                   ? QString()
+                   : "bad line";
     if (type != "Polygon" || coordinates.size() != 1)
         return "neither a Point nor a one-ring Polygon";
     const QJsonArray ring = coordinates[0].toArray();
@@ -184,29 +191,31 @@ private slots:
                 [[[10.9, 47.6], [10.9, 47.4], [11.3, 47.4], [11.3, 47.6], [10.9, 47.6]]]},
             "properties": {"kind": "DeploymentArea", "name": "Ridge", "valid": true,
                 "frequency_MHz": 433.92, "power_W": 5, "antennaHeight_m": 10,
-                "threshold_dBm": -110}})"));
+                "threshold_dBm": -110, "stroke": "#1b9e77", "fill": "#1b9e77",
+                "fill-opacity": 0.25}})"));
         // Vertices held as 0, 1, 2 run clockwise: the ring is 0, 2, 1, 0.
         QCOMPARE(features[1].toObject(), json(R"({"type": "Feature",
             "geometry": {"type": "Polygon", "coordinates":
                 [[[8.57, 53.52], [8.63, 53.515], [8.612, 53.541], [8.57, 53.52]]]},
             "properties": {"kind": "AreaOfInterest", "name": "Basin", "valid": true,
                 "frequency_MHz": 156.8, "power_W": 25, "antennaHeight_m": 12,
-                "bandwidth_kHz": 16, "threshold_dBm": -107}})"));
+                "bandwidth_kHz": 16, "threshold_dBm": -107, "stroke": "#ff7f00",
+                "fill": "#ff7f00", "fill-opacity": 0.25}})"));
         QCOMPARE(features[2].toObject(), json(R"({"type": "Feature",
             "geometry": {"type": "Point", "coordinates": [8.601, 53.53]},
             "properties": {"kind": "Emitter", "name": "Beacon <7> & co", "valid": true,
                 "frequency_MHz": 156.8, "power_W": 25, "antennaHeight_m": 12,
-                "bandwidth_kHz": 16}})"));
+                "bandwidth_kHz": 16, "marker-color": "#e7298a"}})"));
         QCOMPARE(features[3].toObject(), json(R"({"type": "Feature", "geometry": null,
             "properties": {"kind": "Emitter", "name": "Lost", "valid": false,
                 "problem": "XmlCoordinateType: Longitude out of bounds",
                 "frequency_MHz": 156.8, "power_W": 25, "antennaHeight_m": 12,
-                "bandwidth_kHz": 16}})"));
+                "bandwidth_kHz": 16, "marker-color": "#e7298a"}})"));
         QCOMPARE(features[4].toObject(), json(R"({"type": "Feature",
             "geometry": {"type": "Point", "coordinates": [8.65, 91]},
             "properties": {"kind": "Receiver", "name": "East", "valid": false,
                 "problem": "XmlCoordinateType: Latitude out of bounds",
-                "antennaHeight_m": 15, "threshold_dBm": -115}})"));
+                "antennaHeight_m": 15, "threshold_dBm": -115, "marker-color": "#33a02c"}})"));
     }
 
     // Every readable sample gives GeoJSON that keeps the rules, and an SVG
@@ -270,7 +279,7 @@ private slots:
     }
 
     // Without --as the root says which document it is: the same map, and a
-    // response, which has none, is refused.
+    // response with nothing to draw gives an empty one.
     void byContent()
     {
         for (const QString& className :
@@ -288,10 +297,91 @@ private slots:
             }
         }
         const Run response =
-            kelxml({"svg", QStringLiteral(KELXML_EXAMPLES "/XmlRespRoot/valid-version.xml")});
-        QCOMPARE(response.status, 2);
-        QVERIFY2(response.out.isEmpty() && response.err.contains("not a response document"),
-                 qPrintable(response.err));
+            kelxml({"geojson", QStringLiteral(KELXML_EXAMPLES "/XmlRespRoot/valid-version.xml")});
+        QCOMPARE(response.status, 0);
+        QCOMPARE(response.out, QByteArray("{\"type\":\"FeatureCollection\",\"features\":[\n]}\n"));
+    }
+
+    // A response whose reading stopped at an element's error is drawn as far
+    // as it was read, with a warning naming the error, and exits 0; one that
+    // stopped before any object or name is unreadable. Names the document
+    // beside it does not hold are listed, never guessed.
+    void partialResponses_data()
+    {
+        QTest::addColumn<QString>("response");
+        QTest::addColumn<QString>("beside");
+        QTest::addColumn<int>("status");
+        QTest::addColumn<int>("features");
+        QTest::addColumn<QStringList>("messages");
+        const QString cepError = "warning: drawn as far as it was read: in XmlCepType (line 21, "
+                                 "column 20): Unexpected token \"EndElement\": Parameter.";
+        QTest::newRow("CEP beside the harbour")
+            << "XmlRespRoot/unreadable-grid-cep-harbour.xml"
+            << "XmlKelBtType/valid-harbour-results.xml" << 0 << 4 << QStringList{cepError};
+        QTest::newRow("CEP alone")
+            << "XmlRespRoot/unreadable-grid-cep-harbour.xml" << QString() << 0 << 0
+            << QStringList{cepError, "warning: not drawn, unresolved: AreaOfInterest "
+                                     "\"Harbour basin\": no object of that name"};
+        QTest::newRow("reported emitter")
+            << "XmlRespRoot/unreadable-interactive-station.xml" << QString() << 0 << 1
+            << QStringList{"warning: drawn as far as it was read: in XmlResultObjectType"};
+        QTest::newRow("stopped at the root") << "XmlRespRoot/unreadable-final-yes.xml" << QString()
+                                             << 2 << -1 << QStringList{": error: "};
+        QTest::newRow("interlink beside a snapshot, which has no stations")
+            << "XmlRespRoot/valid-interlink-result.xml"
+            << "XmlKelBtType/valid-harbour-results.xml" << 0 << 0
+            << QStringList{"unresolved: Station \"North ridge\": no object of that name",
+                           "unresolved: Station \"Harbour tower\": no object of that name"};
+    }
+    void partialResponses()
+    {
+        QFETCH(QString, response);
+        QFETCH(QString, beside);
+        QFETCH(int, status);
+        QFETCH(int, features);
+        QFETCH(QStringList, messages);
+        const QString examples = QStringLiteral(KELXML_EXAMPLES "/");
+        QStringList arguments{"geojson", examples + response};
+        if (!beside.isEmpty())
+            arguments << "--scenario" << examples + beside;
+        const Run run = kelxml(arguments);
+        QCOMPARE(run.status, status);
+        for (const QString& message : messages)
+            QVERIFY2(run.err.contains(message), qPrintable(run.err));
+        if (features >= 0) {
+            const QJsonDocument document = QJsonDocument::fromJson(run.out);
+            QCOMPARE(document.object().value("features").toArray().size(), features);
+        } else {
+            QVERIFY(run.out.isEmpty());
+        }
+    }
+
+    // KML gives colours as aabbggrr: the emitter's #e7298a is ff8a29e7, its
+    // fill a quarter opaque; the world file gives pixel centres, half a pixel
+    // inside the extent.
+    void kmlColoursAndWorldFile()
+    {
+        QTemporaryDir dir;
+        const Run kml =
+            kelxml({"kml", "--as", "scenario", saved(dir, "s.xml", smallScenario.toUtf8())});
+        QCOMPARE(kml.status, 0);
+        QVERIFY2(kml.out.contains("<Style id=\"kind-Emitter\">\n   <IconStyle>\n    "
+                                  "<color>ff8a29e7</color>"),
+                 kml.out.constData());
+        QVERIFY(kml.out.contains("<PolyStyle>\n    <color>40779e1b</color>"));
+        QCOMPARE(kml.out.count("<Placemark>"), 5);
+
+        // A PNG of 4 by 2 pixels: its size is all worldfile reads.
+        const QByteArray png =
+            QByteArray::fromBase64("iVBORw0KGgoAAAANSUhEUgAAAAQAAAACCAAAAABawyK/"
+                                   "AAAADklEQVR4nGNoAAIGEAEAFAoEAeiOg+cAAAAASUVORK5CYII=");
+        const QString picture = saved(dir, "p.png", png);
+        const Run world = kelxml({"worldfile", picture, "--extent", "10,50,12,51"});
+        QCOMPARE(world.status, 0);
+        QFile file(dir.filePath("p.pgw"));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), QByteArray("0.5\n0\n0\n-0.5\n10.25\n50.75\n"));
+        QVERIFY(QFile::exists(picture + ".aux.xml"));
     }
 
     // Outlines, markers (the invalid one in its own style), escaped names and

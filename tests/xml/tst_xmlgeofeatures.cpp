@@ -1,12 +1,18 @@
 // The walk over a document's geographic objects: which objects, in which
 // order, their positions as held, their radio parameters, the verdict on the
-// invalid ones, and the closed counter-clockwise outline of an area.
+// invalid ones, and the closed counter-clockwise outline of an area; a
+// response's names looked up beside the document that holds them.
 
 #include "KelXmlTest.h"
 
+#include <XmlCmdCreate.h>
 #include <XmlCmdRoot.h>
 #include <XmlGeoFeatures.h>
 #include <XmlKelBtType.h>
+#include <XmlRespRoot.h>
+
+#include <QRegularExpression>
+#include <QSet>
 
 #include <QtTest>
 
@@ -171,6 +177,205 @@ private slots:
         QCOMPARE(features[1].problem, QString("XmlDfPrecisionType: Illegal precision."));
         QCOMPARE(XmlGeoFeature::kindName(features[2].kind), QString("Emitter"));
         QCOMPARE(features[2].object, root.getCreateCmds()[2]->emitter());
+    }
+
+    // A record holding both shapes is drawn by its polygon, the one its
+    // report judges; its grid, unit and range come along.
+    void resultRecords()
+    {
+        XmlKelBtType document;
+        XmlResInfo_Cep_Type cep;
+        XmlObjNameType name;
+        name.setObjName("CEP bay");
+        cep.setObjName(name);
+        XmlAreaRectType rect;
+        XmlCoordinateType corner;
+        corner.setLongitude(1.0);
+        corner.setLatitude(2.0);
+        rect.setUpperLeft(corner);
+        rect.setLowerRight(corner);
+        cep.setAreaRect(rect);
+        XmlAreaPolyType poly;
+        QVERIFY(KelXmlTest::read(poly, "<AreaPolygon version=\"1.0\">" +
+                                           coordinate("Vertex", 0, 0, 0) +
+                                           coordinate("Vertex", 2, 0, 1) +
+                                           coordinate("Vertex", 1, 1, 2) + "</AreaPolygon>")
+                    .isEmpty());
+        cep.setAreaPoly(poly);
+        XmlResultGridType grid;
+        grid.setSize(XmlResultGridType::Grid500);
+        cep.setResultGrid(grid);
+        XmlGridValuesType values;
+        values.setUnit("m");
+        values.setMin(12.5);
+        values.setMax(840);
+        cep.setGridValues(values);
+        document.addResCep(cep);
+        document.addResDfCov(XmlResInfo_DfCov_Type()); // no shape, no name
+
+        const QVector<XmlGeoFeature> features = geoFeatures(document);
+        QCOMPARE(features.size(), 2);
+        QCOMPARE(summary(features[0]),
+                 QString("Result_CEP CEP bay Polygon (0 0) (2 0) (1 1) valid"));
+        QCOMPARE(features[0].properties,
+                 QVariantMap({{"grid", "500"}, {"unit", "m"}, {"min", 12.5}, {"max", 840.0}}));
+        QVERIFY(features[0].isResultRecord() && !features[0].isArea());
+        QCOMPARE(features[1].shape, XmlGeoFeature::NoShape);
+        QCOMPARE(features[1].properties.value("grid").toString(), QString("UNDEFINED"));
+        QVERIFY(!features[1].valid);
+    }
+
+    // The lookup finds exactly one object of the kinds asked for, and names
+    // what it cannot find rather than guessing.
+    void lookup()
+    {
+        const auto feature = [](XmlGeoFeature::Kind kind, const QString& name) {
+            XmlGeoFeature f;
+            f.kind = kind;
+            f.name = name;
+            return f;
+        };
+        const XmlGeoLookup lookup(
+            {feature(XmlGeoFeature::Station, "A"), feature(XmlGeoFeature::Receiver, "A"),
+             feature(XmlGeoFeature::Station, "B"), feature(XmlGeoFeature::Station, "B")});
+        QString problem;
+        const XmlGeoFeature* found = lookup.find({XmlGeoFeature::Receiver}, "A", &problem);
+        QVERIFY(found && found->kind == XmlGeoFeature::Receiver);
+        QVERIFY(!lookup.find({XmlGeoFeature::Station, XmlGeoFeature::Receiver}, "A", &problem));
+        QCOMPARE(problem, QString("2 objects of that name"));
+        QVERIFY(!lookup.find({XmlGeoFeature::Station}, "B", &problem));
+        QCOMPARE(problem, QString("2 objects of that name"));
+        QVERIFY(!lookup.find({XmlGeoFeature::Emitter}, "A", &problem));
+        QCOMPARE(problem, QString("no object of that name"));
+        QVERIFY(!lookup.find({XmlGeoFeature::Station}, "a", &problem)); // names are exact
+        QCOMPARE(lookup.all({XmlGeoFeature::Station}).size(), 3);
+    }
+
+    // A response's names are resolved beside the document that holds the
+    // objects: All expands, a missing name is listed, the interlink is a line
+    // from the first station to the second, a reported object is a point.
+    void response_data()
+    {
+        QTest::addColumn<QString>("content");
+        QTest::addColumn<QStringList>("drawn");
+        QTest::addColumn<QStringList>("unresolved");
+        QTest::newRow("CEP, all finders")
+            << "<Automatic status=\"ack\"><CommandReference>r</CommandReference>"
+               "<GridResult type=\"CEP\"><CEP><Parameter><UseDFs><All/></UseDFs>"
+               "<AOIs><Name>Basin</Name><Name>Nowhere</Name></AOIs>"
+               "<Probability>90</Probability></Parameter>"
+               "<ScreenshotFilename>c.png</ScreenshotFilename></CEP></GridResult></Automatic>"
+            << QStringList{"AreaOfInterest Basin", "DirectionFinder North"}
+            << QStringList{"AreaOfInterest \"Nowhere\": no object of that name"};
+        QTest::newRow("detection, named sensors")
+            << "<Automatic status=\"ack\"><CommandReference>r</CommandReference>"
+               "<GridResult type=\"DetectProb\"><DetectionProbability><Parameter>"
+               "<UseRxDFs><Name>East</Name><Name>North</Name></UseRxDFs>"
+               "<AOIs><All/></AOIs></Parameter>"
+               "<ScreenshotFilename>d.png</ScreenshotFilename></DetectionProbability>"
+               "</GridResult></Automatic>"
+            << QStringList{"AreaOfInterest Basin", "Receiver East", "DirectionFinder North"}
+            << QStringList();
+        QTest::newRow("interlink, one station missing")
+            << "<Automatic status=\"ack\"><CommandReference>r</CommandReference>"
+               "<InterlinkResult><Parameters><FirstName>North</FirstName>"
+               "<SecondName>South</SecondName></Parameters><Result><Text>ok</Text></Result>"
+               "</InterlinkResult></Automatic>"
+            << QStringList()
+            << QStringList{"Station \"North\": no object of that name",
+                           "Station \"South\": no object of that name"};
+        QTest::newRow("reported emitter")
+            << "<Interactive><Station><Emitter version=\"1.0\"><Name>New</Name>" +
+                   coordinate("Position", 7.5, 50.25) + txParameter +
+                   "</Emitter></Station></Interactive>"
+            << QStringList{"Emitter New (7.5 50.25)"} << QStringList();
+    }
+    void response()
+    {
+        QFETCH(QString, content);
+        QFETCH(QStringList, drawn);
+        QFETCH(QStringList, unresolved);
+        XmlKelBtType document;
+        QCOMPARE(KelXmlTest::read(document, scenarioXml), QString());
+        const XmlGeoLookup beside(geoFeatures(document));
+        const bool interactive = content.startsWith("<Interactive");
+        XmlRespRoot response;
+        // The grid results' and the reported object's reading stops at an
+        // element's error by the format's own rules: what was read is walked.
+        KelXmlTest::read(response, QString("<R type=\"%1\" final=\"true\" "
+                                           "timestamp=\"2024-01-01T00:00:00\">")
+                                           .arg(interactive ? "interactive" : "automatic") +
+                                       content + "</R>");
+        QStringList visited;
+        QStringList names;
+        visitGeoFeatures(
+            response, beside,
+            [&visited](const XmlGeoFeature& f) {
+                QString line = XmlGeoFeature::kindName(f.kind) + " " + f.name;
+                if (f.properties.value("reported").toBool())
+                    line += " " + text(f.positions);
+                visited.append(line);
+            },
+            &names);
+        QCOMPARE(visited, drawn);
+        QCOMPARE(names, unresolved);
+    }
+
+    // Beside a command message that creates both stations, the interlink
+    // is a line from the first to the second with the result's text.
+    void interlinkLine()
+    {
+        const QString stations =
+            "<C><Create><Station><Name>A</Name>" + coordinate("Position", 9.5, 52.25) +
+            "</Station><Reference>a</Reference></Create>"
+            "<Create><Station><Name>B</Name>" +
+            coordinate("Position", 9.75, 52.5) + "</Station><Reference>b</Reference></Create></C>";
+        XmlCmdRoot command;
+        QCOMPARE(KelXmlTest::read(command, stations), QString());
+        XmlRespRoot response;
+        QCOMPARE(KelXmlTest::read(
+                     response,
+                     "<R type=\"automatic\" final=\"true\" timestamp=\"2024-01-01T00:00:00\">"
+                     "<Automatic status=\"ack\"><CommandReference>r</CommandReference>"
+                     "<InterlinkResult><Parameters><FirstName>B</FirstName><SecondName>A"
+                     "</SecondName></Parameters><Result><Text>12 dB margin</Text></Result>"
+                     "</InterlinkResult></Automatic></R>"),
+                 QString());
+        QStringList unresolved;
+        QVector<XmlGeoFeature> features;
+        visitGeoFeatures(
+            response, XmlGeoLookup(geoFeatures(command)),
+            [&features](const XmlGeoFeature& f) { features.append(f); }, &unresolved);
+        QVERIFY(unresolved.isEmpty());
+        QCOMPARE(features.size(), 3);
+        QCOMPARE(features[0].name, QString("B"));
+        QCOMPARE(features[0].object, command.getCreateCmds()[1]->station());
+        QCOMPARE(features[1].name, QString("A"));
+        const XmlGeoFeature& line = features[2];
+        QCOMPARE(line.kind, XmlGeoFeature::Interlink);
+        QCOMPARE(line.shape, XmlGeoFeature::Line);
+        QCOMPARE(text(line.positions), QString("(9.75 52.5) (9.5 52.25)"));
+        QCOMPARE(line.properties.value("text").toString(), QString("12 dB margin"));
+        QVERIFY(line.valid);
+    }
+
+    // Every kind has a name and a colour of its own, "#rrggbb".
+    void kindTable()
+    {
+        QSet<QString> names;
+        QSet<QString> colours;
+        for (int kind = 0; kind < XmlGeoFeature::kindCount; ++kind) {
+            names.insert(XmlGeoFeature::kindName(XmlGeoFeature::Kind(kind)));
+            const QString colour = XmlGeoFeature::kindColour(XmlGeoFeature::Kind(kind));
+            QVERIFY2(QRegularExpression("^#[0-9a-f]{6}$").match(colour).hasMatch(),
+                     qPrintable(colour));
+            colours.insert(colour);
+        }
+        QCOMPARE(names.size(), int(XmlGeoFeature::kindCount));
+        QCOMPARE(colours.size(), int(XmlGeoFeature::kindCount));
+        QCOMPARE(XmlGeoFeature::kindName(XmlGeoFeature::ResultDfCoverage),
+                 QString("Result_DfCoverage"));
+        QCOMPARE(XmlGeoFeature::kindName(XmlGeoFeature::Kind(XmlGeoFeature::kindCount)), QString());
     }
 
     void ring_data()
