@@ -40,6 +40,24 @@ const std::vector<ToolCommand>& commands()
          true,
          &runFormat,
          {}},
+        {QStringLiteral("json"),
+         QStringLiteral("json [--as CLASS] FILE"),
+         QStringLiteral("Write the typed content of the element as JSON: one\n"
+                        "object per element (element, class, attributes,\n"
+                        "value and unit, children) in writing order. A view\n"
+                        "for programs; it is not read back."),
+         true,
+         &runJson,
+         {}},
+        {QStringLiteral("diff"),
+         QStringLiteral("diff [--as scenario|command|CLASS] A B"),
+         QStringLiteral("Compare two documents of one kind object by object\n"
+                        "(matched by kind and name, or a command's reference):\n"
+                        "one line a difference. Exit 0 when none, 1 when some.\n"
+                        "--output json prints one record a difference."),
+         true,
+         &runDiff,
+         {outputOption()}},
         {QStringLiteral("classes"),
          QStringLiteral("classes"),
          QStringLiteral("List the element classes (and aliases) known."),
@@ -106,9 +124,15 @@ void setUp(QCommandLineParser& parser, const ToolOptions& options)
     parser.addVersionOption();
     options.addTo(parser);
     QStringList names;
+    QStringList optionNames;
     for (const ToolCommand& command : commands()) {
         names.append(command.name);
-        parser.addOptions(command.options);
+        // Commands may share an option: it is added once.
+        for (const QCommandLineOption& option : command.options) {
+            if (!optionNames.contains(option.names().first()))
+                parser.addOption(option);
+            optionNames.append(option.names().first());
+        }
     }
     parser.addPositionalArgument(QStringLiteral("command"), orList(names) + QLatin1Char('.'));
     parser.addPositionalArgument(QStringLiteral("files"), QStringLiteral("The files to read."),
@@ -158,12 +182,25 @@ int main(int argc, char* argv[])
     }
     if (!command)
         return usageError(QStringLiteral("unknown command '%1'.").arg(invocation.command));
-    // An option of one command is wrong with any other.
+    // An option of some commands is wrong with any other.
     for (const ToolCommand& other : commands()) {
         for (const QCommandLineOption& option : other.options) {
-            if (&other != command && parser.isSet(option))
-                return usageError(QStringLiteral("--%1 is an option of '%2' only.")
-                                      .arg(option.names().first(), other.name));
+            const QString optionName = option.names().first();
+            if (&other == command || !parser.isSet(option))
+                continue;
+            QStringList takers;
+            bool taken = false;
+            for (const ToolCommand& taker : commands()) {
+                for (const QCommandLineOption& own : taker.options) {
+                    if (own.names().first() == optionName) {
+                        takers.append(QLatin1Char('\'') + taker.name + QLatin1Char('\''));
+                        taken = taken || &taker == command;
+                    }
+                }
+            }
+            if (!taken)
+                return usageError(QStringLiteral("--%1 is an option of %2 only.")
+                                      .arg(optionName, orList(takers)));
         }
     }
     return command->run(invocation);
