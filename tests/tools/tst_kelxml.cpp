@@ -20,6 +20,14 @@ private:
         QString err;
     };
 
+    // Writes the bytes to the file, replacing what it held.
+    static bool writeFile(const QString& path, const QByteArray& bytes)
+    {
+        QFile file(path);
+        return file.open(QIODevice::WriteOnly | QIODevice::Truncate) &&
+               file.write(bytes) == bytes.size();
+    }
+
     static Run kelxml(const QStringList& arguments)
     {
         QProcess process;
@@ -565,10 +573,7 @@ private slots:
         text.replace(from, to);
         QTemporaryDir dir;
         const QString edited = dir.filePath("edited.xml");
-        QFile out(edited);
-        QVERIFY(out.open(QIODevice::WriteOnly));
-        out.write(text.toUtf8());
-        out.close();
+        QVERIFY(writeFile(edited, text.toUtf8()));
         const Run diff = kelxml({"diff", file, edited});
         QCOMPARE(diff.out.split('\n', Qt::SkipEmptyParts), lines);
         QCOMPARE(diff.status, 1);
@@ -618,10 +623,7 @@ private slots:
                        text.mid(firstCalculation, secondCalculation - firstCalculation));
         QTemporaryDir dir;
         const QString moved = dir.filePath("moved.xml");
-        QFile out(moved);
-        QVERIFY(out.open(QIODevice::WriteOnly));
-        out.write(swapped.toUtf8());
-        out.close();
+        QVERIFY(writeFile(moved, swapped.toUtf8()));
         const Run same = kelxml({"diff", "--as", "command", file.fileName(), moved});
         QCOMPARE(same.out, QString());
         QCOMPARE(same.status, 0);
@@ -629,9 +631,7 @@ private slots:
         // A name given twice is reported, not paired.
         QString twice = swapped;
         twice.replace("<Reference>calc-3</Reference>", "<Reference>calc-1</Reference>");
-        QVERIFY(out.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        out.write(twice.toUtf8());
-        out.close();
+        QVERIFY(writeFile(moved, twice.toUtf8()));
         const Run duplicate = kelxml({"diff", "--as", "command", file.fileName(), moved});
         QCOMPARE(duplicate.out, "Calculate \"calc-1\": duplicate: 1 in the first file, 2 in the "
                                 "second; not compared\nCalculate \"calc-3\": removed\n");
@@ -647,19 +647,15 @@ private slots:
     void jsonView()
     {
         QTemporaryDir dir;
-        QFile file(dir.filePath("level.xml"));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("<RxThreshold version=\"1.0\" unit=\"dBm\">nan</RxThreshold>");
-        file.close();
-        const Run nan = kelxml({"json", "--as", "XmlFieldstrengthType", file.fileName()});
+        const QString file = dir.filePath("level.xml");
+        QVERIFY(writeFile(file, "<RxThreshold version=\"1.0\" unit=\"dBm\">nan</RxThreshold>"));
+        const Run nan = kelxml({"json", "--as", "XmlFieldstrengthType", file});
         QCOMPARE(nan.status, 0);
         QCOMPARE(nan.out, "{\"element\":\"RxThreshold\",\"class\":\"XmlFieldstrengthType\","
                           "\"attributes\":{\"version\":\"1.0\",\"unit\":\"dBm\"},\"value\":\"nan\","
                           "\"unit\":\"dBm\",\"children\":[]}\n");
-        QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        file.write("<Frequency version=\"1.0\" unit=\"kHz\">1500</Frequency>");
-        file.close();
-        const Run number = kelxml({"json", "--as", "XmlFreqType", file.fileName()});
+        QVERIFY(writeFile(file, "<Frequency version=\"1.0\" unit=\"kHz\">1500</Frequency>"));
+        const Run number = kelxml({"json", "--as", "XmlFreqType", file});
         QVERIFY2(number.out.contains("\"value\":1500.000000,\"unit\":\"kHz\""),
                  qPrintable(number.out));
     }
