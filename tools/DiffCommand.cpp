@@ -30,7 +30,8 @@ const QString polygonClass = QStringLiteral("XmlAreaPolyType");
 const QString absent = QStringLiteral("(absent)");
 
 // One value of an object: where it stands below the object and its text as
-// written, with its unit; or, for a polygon, its vertices each as one text.
+// written, with its unit; or, for a polygon, its vertices each as one text
+// (the text then names the vertices' element).
 struct Line
 {
     Line(const QString& at, const QString& written, bool isSequence = false)
@@ -64,9 +65,8 @@ public:
         Frame frame;
         if (!m_frames.empty()) {
             Frame& parent = m_frames.back();
-            const int count = ++parent.counts[elementName];
             const QString step =
-                count > 1 ? elementName + QStringLiteral("[%1]").arg(count) : elementName;
+                KelXml::XmlSiblingCount::step(elementName, parent.counts.next(elementName));
             frame.path = parent.path.isEmpty() ? step : parent.path + QLatin1Char('/') + step;
         }
         if (m_member >= 0) {
@@ -74,6 +74,7 @@ public:
         } else if (!m_frames.empty() && m_frames.back().sequence) {
             m_member = int(m_frames.size());
             m_memberText.clear();
+            lines[size_t(m_frames.back().line)].text = elementName; // the members' name
         } else if (className == polygonClass) {
             frame.sequence = true;
             frame.line = int(lines.size());
@@ -124,7 +125,7 @@ private:
     struct Frame
     {
         QString path;
-        QHash<QString, int> counts;
+        KelXml::XmlSiblingCount counts;
         bool sequence = false;
         int line = -1;
         bool hasUnit = false;
@@ -310,13 +311,11 @@ private:
     // An object without a name is told from others of its kind by its place.
     void number(Object& object)
     {
-        const int count = ++m_unnamed[object.kind];
-        if (count > 1)
-            object.kind += QStringLiteral("[%1]").arg(count);
+        object.kind = KelXml::XmlSiblingCount::step(object.kind, m_unnamed.next(object.kind));
     }
 
     std::vector<Frame> m_frames;
-    QHash<QString, int> m_unnamed;
+    KelXml::XmlSiblingCount m_unnamed;
     size_t m_root = 0;
 };
 
@@ -468,7 +467,9 @@ void compare(const Object& a, const Object& b, Report& report)
         if (first == line.members.size() && first == other.members.size())
             continue;
         Difference difference =
-            changed(line.path + QStringLiteral("/Vertex[%1]").arg(first + 1),
+            changed(line.path + QLatin1Char('/') +
+                        KelXml::XmlSiblingCount::step(line.text.isEmpty() ? other.text : line.text,
+                                                      int(first + 1)),
                     first < line.members.size() ? line.members.at(first) : absent,
                     first < other.members.size() ? other.members.at(first) : absent);
         difference.beforeCount = int(line.members.size());

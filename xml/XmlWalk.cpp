@@ -137,10 +137,7 @@ void XmlWalker::textElement(const QString& elementName, const XmlValue& value)
     leave();
 }
 
-namespace {
-
-// The C++ class of an element without its namespace, found once per class
-// and thread. The name its messages carry differs for a few classes.
+// Found once per class and thread.
 QString classNameOf(const XmlElementBase& element)
 {
     thread_local std::unordered_map<std::type_index, QString> names;
@@ -164,7 +161,20 @@ QString classNameOf(const XmlElementBase& element)
     return name;
 }
 
-} // namespace
+int XmlSiblingCount::next(const QString& name)
+{
+    for (auto& entry : m_counts) {
+        if (entry.first == name)
+            return ++entry.second;
+    }
+    m_counts.emplace_back(name, 1);
+    return 1;
+}
+
+QString XmlSiblingCount::step(const QString& name, int index)
+{
+    return index > 1 ? name + QLatin1Char('[') + QString::number(index) + QLatin1Char(']') : name;
+}
 
 void XmlElementBase::walk(XmlWalker& walker, const QString& elementName) const
 {

@@ -5,6 +5,9 @@
 #include <QDateTime>
 #include <QString>
 
+#include <utility>
+#include <vector>
+
 namespace KelXml {
 
 class XmlElementBase;
@@ -108,6 +111,28 @@ public:
     void child(const XmlElementBase* child, const QString& elementName);
     /// An element without a class holding only the value.
     void textElement(const QString& elementName, const XmlValue& value);
+};
+
+/// The C++ class of an element, without its namespace ("XmlFreqType"). The
+/// class name its messages carry differs for a few classes
+/// ("XmlreferenceType").
+/// \relates XmlWalker
+KELXML_EXPORT QString classNameOf(const XmlElementBase& element);
+
+/// Numbers the children of one element among their siblings of one name, as
+/// element paths count them ("Frequencies/Frequency[2]"): the first of a name
+/// is 1.
+/// \ingroup framework
+class KELXML_EXPORT XmlSiblingCount
+{
+public:
+    /// The number of the next child of that name.
+    int next(const QString& name);
+    /// A step of a path: the name, followed by "[index]" from the second on.
+    static QString step(const QString& name, int index);
+
+private:
+    std::vector<std::pair<QString, int>> m_counts; // few names a parent
 };
 
 } // namespace KelXml
