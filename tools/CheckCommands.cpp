@@ -277,10 +277,8 @@ int runFormat(const Invocation& invocation)
 {
     int status = Valid;
     QString asClass;
-    if (!classToRead(invocation, &asClass, &status))
+    if (!classToRead(invocation, &asClass, &status, 1))
         return status;
-    if (invocation.files.size() != 1)
-        return usageError(QStringLiteral("'format' takes exactly one file."));
     const QString& file = invocation.files.first();
     return readAndWrite(invocation, asClass, file, [&](const Reading& reading, QFile& output) {
         QXmlStreamWriter writer(&output);

@@ -546,10 +546,8 @@ int runDiff(const Invocation& invocation)
 {
     int status = Valid;
     QString asClass;
-    if (!classToRead(invocation, &asClass, &status))
+    if (!classToRead(invocation, &asClass, &status, 2))
         return status;
-    if (invocation.files.size() != 2)
-        return usageError(QStringLiteral("'diff' takes exactly two files."));
     const QString outputName = invocation.parser.value(outputOption());
     if (outputName != QLatin1String("text") && outputName != QLatin1String("json"))
         return usageError(

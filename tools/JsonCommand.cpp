@@ -131,10 +131,8 @@ int runJson(const Invocation& invocation)
 {
     int status = Valid;
     QString asClass;
-    if (!classToRead(invocation, &asClass, &status))
+    if (!classToRead(invocation, &asClass, &status, 1))
         return status;
-    if (invocation.files.size() != 1)
-        return usageError(QStringLiteral("'json' takes exactly one file."));
     return readAndWrite(
         invocation, asClass, invocation.files.first(), [](const Reading& reading, QFile& output) {
             const auto* root = dynamic_cast<const KelXml::XmlElementBase*>(reading.element.get());

@@ -300,7 +300,7 @@ QString json(const QString& text)
     return quoted + QLatin1Char('"');
 }
 
-bool classToRead(const Invocation& invocation, QString* className, int* status)
+bool classToRead(const Invocation& invocation, QString* className, int* status, int files)
 {
     const QString& command = invocation.command;
     if (invocation.parser.isSet(invocation.options.as)) {
@@ -314,6 +314,12 @@ bool classToRead(const Invocation& invocation, QString* className, int* status)
     }
     if (invocation.files.isEmpty()) {
         *status = usageError(QStringLiteral("'%1' needs a file.").arg(command));
+        return false;
+    }
+    if (files >= 0 && invocation.files.size() != files) {
+        *status = usageError(QStringLiteral("'%1' takes exactly %2.")
+                                 .arg(command, files == 1 ? QStringLiteral("one file")
+                                                          : QStringLiteral("two files")));
         return false;
     }
     return true;

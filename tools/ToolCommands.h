@@ -116,9 +116,10 @@ int readAndWrite(const Invocation& invocation, const QString& className, const Q
 QString json(const QString& text);
 
 // The class that --as names, or an empty one when --as is not given (each
-// file's root element then says). False after a usage error, whose status is
-// then in *status.
-bool classToRead(const Invocation& invocation, QString* className, int* status);
+// file's root element then says), for a command given at least one file, or
+// exactly `files` (1 or 2) when not negative. False after a usage error, whose
+// status is then in *status.
+bool classToRead(const Invocation& invocation, QString* className, int* status, int files = -1);
 
 // The commands.
 int runCheck(const Invocation& invocation);

@@ -118,6 +118,16 @@ QList<Sample> readableSamples()
     return samples;
 }
 
+// The columns className and path, a row per readable sample.
+void addSampleRows()
+{
+    QTest::addColumn<QString>("className");
+    QTest::addColumn<QString>("path");
+    for (const Sample& sample : readableSamples())
+        QTest::newRow(qPrintable(sample.path.section(QLatin1Char('/'), -2)))
+            << sample.className << sample.path;
+}
+
 XmlReadResult readFile(const QString& className, const QString& path)
 {
     QFile file(path);
@@ -169,14 +179,10 @@ private slots:
 
 void TestXmlWalk::walkShowsWhatIsWritten_data()
 {
-    QTest::addColumn<QString>("className");
-    QTest::addColumn<QString>("path");
+    addSampleRows();
     for (const XmlElementRegistry::Entry& entry : XmlElementRegistry::entries())
         QTest::newRow(qPrintable(entry.className + QStringLiteral(" default")))
             << entry.className << QString();
-    for (const Sample& sample : readableSamples())
-        QTest::newRow(qPrintable(sample.path.section(QLatin1Char('/'), -2)))
-            << sample.className << sample.path;
 }
 
 // Element names, attributes and texts in writing order, for a default object
@@ -260,11 +266,7 @@ void TestXmlWalk::stopsWhenTheWalkerWantsNoMore()
 
 void TestXmlWalk::equalityOverSamples_data()
 {
-    QTest::addColumn<QString>("className");
-    QTest::addColumn<QString>("path");
-    for (const Sample& sample : readableSamples())
-        QTest::newRow(qPrintable(sample.path.section(QLatin1Char('/'), -2)))
-            << sample.className << sample.path;
+    addSampleRows();
 }
 
 // A tree equals its copy; equal trees write the same bytes; changing any one
