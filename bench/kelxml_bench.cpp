@@ -908,6 +908,61 @@ void printProcessRows(std::vector<ProcessCase>& cases, int repetitions)
                 "sets it).\n");
 }
 
+// kelxml diff of a snapshot against a copy with one value changed (the last
+// digit of its first longitude), beside reading both: check of the two files
+// for the time, and for the memory the check's peak plus a second model (check
+// frees each model before reading the next file, diff holds both).
+void printDiffRow(Case& c, int repetitions)
+{
+    QTemporaryDir folder;
+    const QString path = folder.isValid() ? writeDocument(c, folder.path()) : QString();
+    if (path.isEmpty())
+        return;
+    QByteArray changed = c.document();
+    const int at = int(changed.indexOf("</Longitude>"));
+    if (at <= 0)
+        return;
+    changed[at - 1] = changed[at - 1] == '9' ? '0' : char(changed[at - 1] + 1);
+    const QString changedPath = folder.path() + QStringLiteral("/changed.xml");
+    QFile file(changedPath);
+    if (!file.open(QIODevice::WriteOnly) || file.write(changed) != changed.size())
+        return;
+    file.close();
+    const Memory m = measureMemory(c, path);
+    const std::vector<std::string> diff = {
+        KELXML_BENCH_TOOL,        "diff", "--as", "scenario", path.toStdString(),
+        changedPath.toStdString()};
+    const std::vector<std::string> both = {
+        KELXML_BENCH_TOOL,        "check", "--as", "scenario", path.toStdString(),
+        changedPath.toStdString()};
+    std::vector<double> diffMs, bothMs, diffPeak, bothPeak;
+    Cost warm;
+    bool ok = measureProcess(diff, &warm) && measureProcess(both, &warm);
+    for (int r = 0; ok && r < repetitions; ++r) {
+        Cost d, b;
+        ok = measureProcess(diff, &d) && measureProcess(both, &b) && d.status == 1 && b.status == 0;
+        diffMs.push_back(d.wallMs);
+        bothMs.push_back(b.wallMs);
+        diffPeak.push_back(d.peakMiB);
+        bothPeak.push_back(b.peakMiB);
+    }
+    std::printf("\n" KELXML_BENCH_TOOL_NAME " diff --as scenario of a %s snapshot against a copy "
+                "with one value changed, beside\n" KELXML_BENCH_TOOL_NAME
+                " check of both files (median of %d runs); reading both holds the check's peak "
+                "plus a second model\ntarget: peak RSS at most 3 times that of reading both\n",
+                qPrintable(sizeText(c.bytes.size())), repetitions);
+    if (!ok) {
+        std::printf("  the diff or the check failed\n");
+        return;
+    }
+    const double modelMiB = m.model >= 0 ? m.model / (1024.0 * 1024.0) : 0;
+    const double reading = median(bothPeak) + modelMiB;
+    printLine("  diff %8.1f ms   check of both %8.1f ms   (%.2f times)", median(diffMs),
+              median(bothMs), median(diffMs) / median(bothMs));
+    printLine("  diff peak RSS %7.1f MiB   reading both %7.1f MiB   %s", median(diffPeak), reading,
+              qPrintable(atMost(median(diffPeak) / reading, 3, 2, " times")));
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -1078,6 +1133,15 @@ int main(int argc, char** argv)
              false},
         };
         printProcessRows(processCases, repetitions);
+        Case diffCase = {"snapshot-20MB-diff",
+                         "snapshot 20 MB",
+                         DocumentKind::Snapshot,
+                         20 * MB,
+                         false,
+                         false,
+                         false,
+                         {}};
+        printDiffRow(diffCase, repetitions);
     }
     benchmark::Shutdown();
     return 0;

@@ -3,8 +3,12 @@
 // end, and checking, reporting, writing, copying and resetting the object
 // afterwards must be safe. And what a class writes, it reads back to the
 // same text: writing the object read from a written object gives that
-// written text again, except for the classes listed below.
+// written text again, except for the classes listed below. A tree equals
+// its copy; trees that are equal write the same bytes; and a tree read from
+// the written text with one value changed is unequal whenever it writes other
+// bytes.
 
+#include <XmlElementBase.h>
 #include <XmlElementRegistry.h>
 
 #include <QByteArray>
@@ -43,6 +47,29 @@ bool read(KelXml::IXmlElement& element, const Text& xml)
     return !reader.hasError();
 }
 
+bool equal(const KelXml::IXmlElement& a, const KelXml::IXmlElement& b)
+{
+    return dynamic_cast<const KelXml::XmlElementBase&>(a) ==
+           dynamic_cast<const KelXml::XmlElementBase&>(b);
+}
+
+// The written text with a digit added to the end of its n-th non-empty text
+// (counted round); the text itself when it holds none.
+QString withOneValueChanged(const QString& text, size_t n)
+{
+    QList<int> ends;
+    for (int close = int(text.indexOf(QLatin1Char('<'), 1)); close > 0;
+         close = int(text.indexOf(QLatin1Char('<'), close + 1))) {
+        if (text.at(close - 1) != QLatin1Char('>'))
+            ends.append(close);
+    }
+    if (ends.isEmpty())
+        return text;
+    QString changed = text;
+    changed.insert(ends.at(int(n % size_t(ends.size()))), QLatin1Char('7'));
+    return changed;
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
@@ -66,8 +93,23 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     again->syntaxError();
     if (clean && !writtenFormDiffers.contains(className) && written(*again) != first)
         std::abort();
+    if (equal(*again, *element) && written(*again) != first)
+        std::abort();
+
+    // One value of the written text changed.
+    if (clean) {
+        const QString changedText = withOneValueChanged(first, size);
+        auto changed = KelXml::XmlElementRegistry::create(className);
+        if (read(*changed, changedText)) {
+            // Other bytes: unequal (equal trees write the same bytes).
+            if (written(*changed) != written(*again) && equal(*changed, *again))
+                std::abort();
+        }
+    }
 
     auto copy = KelXml::XmlElementRegistry::copy(className, *element);
+    if (!copy || !equal(*copy, *element))
+        std::abort();
     element->reset();
     element->isValid();
     if (!copy || written(*copy) != first)

@@ -82,28 +82,6 @@ private:
     size_t m_opened = 0;                  // how many of them, from the outermost, are shown
 };
 
-// check and format: the class that --as names, or an empty one when --as is
-// not given (each file's root element then says). False after a usage error,
-// whose status is then in *status.
-bool classToRead(const Invocation& invocation, QString* className, int* status)
-{
-    const QString& command = invocation.command;
-    if (invocation.parser.isSet(invocation.options.as)) {
-        *className = XmlElementRegistry::resolve(invocation.as());
-        if (className->isEmpty()) {
-            *status = usageError(
-                QStringLiteral("unknown element class '%1' (see '" KELXML_TOOL_NAME " classes').")
-                    .arg(invocation.as()));
-            return false;
-        }
-    }
-    if (invocation.files.isEmpty()) {
-        *status = usageError(QStringLiteral("'%1' needs a file.").arg(command));
-        return false;
-    }
-    return true;
-}
-
 // "valid XmlCmdRoot "Command"", and the kind when the content told it.
 QString described(const Reading& reading)
 {
@@ -140,37 +118,6 @@ qint64 eachIssue(const Reading& reading, qint64 limit, Take take)
     if (const auto* walked = dynamic_cast<const KelXml::XmlElementBase*>(reading.element.get()))
         walked->reportTo(sink);
     return sink.count;
-}
-
-// JSON text of a string, as ASCII.
-QString json(const QString& text)
-{
-    QString quoted = QStringLiteral("\"");
-    for (const QChar c : text) {
-        switch (c.unicode()) {
-        case '"':
-            quoted += QLatin1String("\\\"");
-            break;
-        case '\\':
-            quoted += QLatin1String("\\\\");
-            break;
-        case '\n':
-            quoted += QLatin1String("\\n");
-            break;
-        case '\r':
-            quoted += QLatin1String("\\r");
-            break;
-        case '\t':
-            quoted += QLatin1String("\\t");
-            break;
-        default:
-            if (c.unicode() < 0x20 || c.unicode() > 0x7e)
-                quoted += QStringLiteral("\\u%1").arg(c.unicode(), 4, 16, QLatin1Char('0'));
-            else
-                quoted += c;
-        }
-    }
-    return quoted + QLatin1Char('"');
 }
 
 QString jsonOrNull(const QString& text)
@@ -330,10 +277,8 @@ int runFormat(const Invocation& invocation)
 {
     int status = Valid;
     QString asClass;
-    if (!classToRead(invocation, &asClass, &status))
+    if (!classToRead(invocation, &asClass, &status, 1))
         return status;
-    if (invocation.files.size() != 1)
-        return usageError(QStringLiteral("'format' takes exactly one file."));
     const QString& file = invocation.files.first();
     return readAndWrite(invocation, asClass, file, [&](const Reading& reading, QFile& output) {
         QXmlStreamWriter writer(&output);

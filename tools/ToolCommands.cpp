@@ -1,9 +1,11 @@
 #include "ToolCommands.h"
 
 #include <XmlDocumentKind.h>
+#include <XmlElementRegistry.h>
 
 #include <limits>
 
+using KelXml::XmlElementRegistry;
 using KelXml::XmlReadError;
 using KelXml::XmlReadLimits;
 
@@ -184,7 +186,8 @@ const QCommandLineOption& outputOption()
     static const QCommandLineOption option(
         QStringLiteral("output"),
         QStringLiteral("check: print 'text' (the default), 'json' (one JSON record a file, "
-                       "a line each) or 'github' (one workflow annotation a fault)."),
+                       "a line each) or 'github' (one workflow annotation a fault); diff: "
+                       "'text' or 'json' (one JSON record a difference)."),
         QStringLiteral("text|json|github"), QStringLiteral("text"));
     return option;
 }
@@ -265,4 +268,59 @@ Reading readFile(const Invocation& invocation, const QString& className, const Q
     reading.element = std::move(result.root);
     reading.elementName = result.rootName;
     return reading;
+}
+
+QString json(const QString& text)
+{
+    QString quoted = QStringLiteral("\"");
+    for (const QChar c : text) {
+        switch (c.unicode()) {
+        case '"':
+            quoted += QLatin1String("\\\"");
+            break;
+        case '\\':
+            quoted += QLatin1String("\\\\");
+            break;
+        case '\n':
+            quoted += QLatin1String("\\n");
+            break;
+        case '\r':
+            quoted += QLatin1String("\\r");
+            break;
+        case '\t':
+            quoted += QLatin1String("\\t");
+            break;
+        default:
+            if (c.unicode() < 0x20 || c.unicode() > 0x7e)
+                quoted += QStringLiteral("\\u%1").arg(c.unicode(), 4, 16, QLatin1Char('0'));
+            else
+                quoted += c;
+        }
+    }
+    return quoted + QLatin1Char('"');
+}
+
+bool classToRead(const Invocation& invocation, QString* className, int* status, int files)
+{
+    const QString& command = invocation.command;
+    if (invocation.parser.isSet(invocation.options.as)) {
+        *className = XmlElementRegistry::resolve(invocation.as());
+        if (className->isEmpty()) {
+            *status = usageError(
+                QStringLiteral("unknown element class '%1' (see '" KELXML_TOOL_NAME " classes').")
+                    .arg(invocation.as()));
+            return false;
+        }
+    }
+    if (invocation.files.isEmpty()) {
+        *status = usageError(QStringLiteral("'%1' needs a file.").arg(command));
+        return false;
+    }
+    if (files >= 0 && invocation.files.size() != files) {
+        *status = usageError(QStringLiteral("'%1' takes exactly %2.")
+                                 .arg(command, files == 1 ? QStringLiteral("one file")
+                                                          : QStringLiteral("two files")));
+        return false;
+    }
+    return true;
 }

@@ -112,7 +112,18 @@ int readAndWrite(const Invocation& invocation, const QString& className, const Q
     return write(reading, output);
 }
 
+// JSON text of a string, as ASCII.
+QString json(const QString& text);
+
+// The class that --as names, or an empty one when --as is not given (each
+// file's root element then says), for a command given at least one file, or
+// exactly `files` (1 or 2) when not negative. False after a usage error, whose
+// status is then in *status.
+bool classToRead(const Invocation& invocation, QString* className, int* status, int files = -1);
+
 // The commands.
 int runCheck(const Invocation& invocation);
 int runFormat(const Invocation& invocation);
 int runClasses(const Invocation& invocation);
+int runJson(const Invocation& invocation);
+int runDiff(const Invocation& invocation);

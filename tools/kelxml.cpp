@@ -40,6 +40,24 @@ const std::vector<ToolCommand>& commands()
          true,
          &runFormat,
          {}},
+        {QStringLiteral("json"),
+         QStringLiteral("json [--as CLASS] FILE"),
+         QStringLiteral("Write the typed content of the element as JSON: one\n"
+                        "object per element (element, class, attributes,\n"
+                        "value and unit, children) in writing order. A view\n"
+                        "for programs; it is not read back."),
+         true,
+         &runJson,
+         {}},
+        {QStringLiteral("diff"),
+         QStringLiteral("diff [--as scenario|command|CLASS] A B"),
+         QStringLiteral("Compare two documents of one kind object by object\n"
+                        "(matched by kind and name, or a command's reference):\n"
+                        "one line a difference. Exit 0 when none, 1 when some.\n"
+                        "--output json prints one record a difference."),
+         true,
+         &runDiff,
+         {outputOption()}},
         {QStringLiteral("classes"),
          QStringLiteral("classes"),
          QStringLiteral("List the element classes (and aliases) known."),
@@ -137,6 +155,35 @@ void setUp(QCommandLineParser& parser, const ToolOptions& options)
                                  QStringLiteral("[FILE...]"));
 }
 
+// An option of some commands is wrong with any other: the problem with the
+// first such option given, naming the commands that take it; empty when none.
+QString foreignOption(const QCommandLineParser& parser, const ToolCommand& command)
+{
+    const auto takes = [](const ToolCommand& which, const QCommandLineOption& option) {
+        for (const QCommandLineOption& own : which.options) {
+            if (own.names() == option.names())
+                return true;
+        }
+        return false;
+    };
+    for (const ToolCommand& other : commands()) {
+        for (const QCommandLineOption& option : other.options) {
+            if (takes(command, option) || !parser.isSet(option))
+                continue;
+            QStringList owners;
+            for (const ToolCommand& owner : commands()) {
+                if (takes(owner, option))
+                    owners.append(QLatin1Char('\'') + owner.name + QLatin1Char('\''));
+            }
+            const QString given = option.names().first();
+            return QStringLiteral("%1%2 is an option of %3 only.")
+                .arg(given.size() == 1 ? QStringLiteral("-") : QStringLiteral("--"), given,
+                     orList(owners));
+        }
+    }
+    return QString();
+}
+
 } // namespace
 
 int main(int argc, char* argv[])
@@ -180,29 +227,8 @@ int main(int argc, char* argv[])
     }
     if (!command)
         return usageError(QStringLiteral("unknown command '%1'.").arg(invocation.command));
-    // An option of some commands is wrong with any other.
-    const auto takes = [](const ToolCommand& which, const QCommandLineOption& option) {
-        for (const QCommandLineOption& own : which.options) {
-            if (own.names() == option.names())
-                return true;
-        }
-        return false;
-    };
-    for (const ToolCommand& other : commands()) {
-        for (const QCommandLineOption& option : other.options) {
-            if (takes(*command, option) || !parser.isSet(option))
-                continue;
-            QStringList owners;
-            for (const ToolCommand& owner : commands()) {
-                if (takes(owner, option))
-                    owners.append(QLatin1Char('\'') + owner.name + QLatin1Char('\''));
-            }
-            const QString given = option.names().first();
-            return usageError(
-                QStringLiteral("%1%2 is an option of %3 only.")
-                    .arg(given.size() == 1 ? QStringLiteral("-") : QStringLiteral("--"), given,
-                         orList(owners)));
-        }
-    }
+    const QString foreign = foreignOption(parser, *command);
+    if (!foreign.isEmpty())
+        return usageError(foreign);
     return command->run(invocation);
 }

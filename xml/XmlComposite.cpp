@@ -64,4 +64,9 @@ bool XmlComposite::supportsVersion() const
     return XmlKit::isSupportedVersion(m_version);
 }
 
+void XmlComposite::describe(XmlWalker& walker, const QString&) const
+{
+    layout().describe(*this, m_version, walker);
+}
+
 } // namespace KelXml

@@ -36,6 +36,8 @@ protected:
     bool supportsVersion() const;
     /// The name of the row that holds the child.
     const QString* writtenNameOf(const XmlElementBase& child) const override;
+    /// The version, then the table's attributes and children.
+    void describe(XmlWalker& walker, const QString& elementName) const override;
 
     XmlText m_version;
 

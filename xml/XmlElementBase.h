@@ -11,6 +11,7 @@ namespace KelXml {
 class XmlChecks;
 class XmlPositionRecorder;
 class XmlReportSink;
+class XmlWalker;
 
 /// The base of every element class. It holds the class name that every message
 /// of the element carries, and the text that syntaxError() accumulates. Both
@@ -40,6 +41,12 @@ public:
     /// building, keeping or changing any report text. For reports too large to
     /// hold whole, or when only some of their messages are wanted.
     void reportTo(XmlReportSink& sink) const;
+
+    /// Walks the element and everything below it in writing order, as if it
+    /// were written under the given name: the walker is handed each element,
+    /// its attributes, its typed value and its children (see XmlWalker).
+    /// Nothing is checked or changed.
+    void walk(XmlWalker& walker, const QString& elementName) const;
 
     /// Where the element's start tag stood when it was read with positions
     /// recorded (XmlPositionRecorder, XmlDocumentReader::setRecordsPositions()):
@@ -89,6 +96,12 @@ protected:
     /// The name the element writes the child with, for a walk that locates
     /// messages and was not told it; null when unknown (the default).
     virtual const QString* writtenNameOf(const XmlElementBase& child) const;
+    /// Hands the walker the element's attributes, value and children, in the
+    /// order produceXml() writes them, for walk(); elementName is the name the
+    /// element is written under. The bases state it from their tables; a
+    /// class that writes its element itself states it beside produceXml().
+    /// The default describes nothing.
+    virtual void describe(XmlWalker& walker, const QString& elementName) const;
 
 private:
     friend class XmlChecks;
@@ -116,6 +129,18 @@ private:
     // element share its report until one of them changes it.
     quintptr m_state;
 };
+
+/// True when the two trees hold the same content: the same class, version,
+/// attributes, values and children, in order, as walk() shows them (the
+/// accumulated report and the recorded positions do not count). A NaN equals
+/// another NaN, and a date-time equals another only when the instant and the
+/// way it is written (time spec, offset) agree: see XmlValue. Equal trees
+/// write the same bytes; values that differ beyond the written precision are
+/// unequal though they write the same text.
+/// \relates XmlElementBase
+KELXML_EXPORT bool operator==(const XmlElementBase& a, const XmlElementBase& b);
+/// \relates XmlElementBase
+KELXML_EXPORT bool operator!=(const XmlElementBase& a, const XmlElementBase& b);
 
 /// Receives an element tree's report as a walk (XmlElementBase::reportTo()):
 /// every element checked opens a frame, its own messages and its children's

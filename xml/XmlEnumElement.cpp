@@ -1,6 +1,7 @@
 #include "XmlEnumElement.h"
 
 #include "XmlElementReader.h"
+#include "XmlWalk.h"
 
 namespace KelXml {
 
@@ -29,6 +30,11 @@ void XmlEnumElement::reset()
 {
     m_value = 0;
     XmlElementBase::reset();
+}
+
+void XmlEnumElement::describe(XmlWalker& walker, const QString&) const
+{
+    walker.value(XmlValue::enumeration(m_value, m_shape->texts->text(m_value)));
 }
 
 } // namespace KelXml

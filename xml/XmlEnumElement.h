@@ -30,6 +30,7 @@ public:
     void reset() override;
 
 protected:
+    void describe(XmlWalker& walker, const QString& elementName) const override;
     explicit XmlEnumElement(const Shape& shape);
 
     int value() const { return m_value; }

@@ -2,24 +2,9 @@
 
 #include <QXmlStreamReader>
 
-#include <cstdlib>
-#include <cxxabi.h>
-#include <typeinfo>
-
 namespace KelXml {
 
 namespace {
-
-// The number of the next sibling of that name, counted in counts.
-int countIn(std::vector<std::pair<QString, int>>& counts, const QString& name)
-{
-    for (auto& entry : counts) {
-        if (entry.first == name)
-            return ++entry.second;
-    }
-    counts.emplace_back(name, 1);
-    return 1;
-}
 
 bool isFrameLine(const QString& line)
 {
@@ -86,7 +71,7 @@ void XmlIssueSink::push(const XmlElementBase* element, const QString& frameClass
         frame.line = place.line;
         frame.column = place.column;
         if (parent)
-            countIn(parent->counts, frame.name);
+            parent->counts.next(frame.name);
     } else {
         if (name)
             frame.name = *name;
@@ -96,7 +81,7 @@ void XmlIssueSink::push(const XmlElementBase* element, const QString& frameClass
             frame.line = parent->line;
             frame.column = parent->column;
             if (!frame.name.isEmpty())
-                frame.index = countIn(parent->counts, frame.name);
+                frame.index = parent->counts.next(frame.name);
         }
     }
     m_frames.push_back(std::move(frame));
@@ -105,24 +90,6 @@ void XmlIssueSink::push(const XmlElementBase* element, const QString& frameClass
 void XmlIssueSink::leave()
 {
     m_frames.pop_back();
-}
-
-QString XmlIssueSink::className(const XmlElementBase* element)
-{
-    if (!element)
-        return QString();
-    const std::type_index type(typeid(*element));
-    auto known = m_classNames.find(type);
-    if (known != m_classNames.end())
-        return known->second;
-    int status = 0;
-    char* demangled = abi::__cxa_demangle(type.name(), nullptr, nullptr, &status);
-    QString name = QString::fromLatin1(status == 0 && demangled ? demangled : type.name());
-    std::free(demangled);
-    if (name.startsWith(QLatin1String("KelXml::")))
-        name.remove(0, 8);
-    m_classNames.emplace(type, name);
-    return name;
 }
 
 void XmlIssueSink::message(const QString& text)
@@ -150,15 +117,13 @@ void XmlIssueSink::emitLine(const QString& text)
     const XmlElementBase* element = nullptr;
     for (auto it = m_frames.rbegin(); it != m_frames.rend() && !element; ++it)
         element = it->element;
-    found.className = element ? className(element) : found.frameClass;
+    found.className = element ? classNameOf(*element) : found.frameClass;
     for (const Frame& step : m_frames) {
         if (step.name.isEmpty())
             continue;
         if (!found.path.isEmpty())
             found.path += QLatin1Char('/');
-        found.path += step.name;
-        if (step.index > 1)
-            found.path += QLatin1Char('[') + QString::number(step.index) + QLatin1Char(']');
+        found.path += XmlSiblingCount::step(step.name, step.index);
     }
     found.line = frame.line;
     found.column = frame.column;
@@ -202,7 +167,7 @@ void XmlPositionRecorder::enter(XmlElementBase& element, const QString& elementN
     const QStringView read =
         m_reader.isStartElement() ? QStringView(m_reader.name()) : QStringView();
     place.elementName = read.isEmpty() || read == elementName ? elementName : read.toString();
-    place.index = countIn(m_counts.back(), place.elementName);
+    place.index = m_counts.back().next(place.elementName);
     place.line = m_reader.lineNumber();
     place.column = m_reader.columnNumber();
     element.setPlace(std::move(place));

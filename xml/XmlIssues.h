@@ -1,13 +1,12 @@
 #pragma once
 
 #include "XmlElementBase.h"
+#include "XmlWalk.h"
 
 #include <QList>
 #include <QString>
 #include <QXmlStreamEntityResolver>
 
-#include <typeindex>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -84,15 +83,13 @@ private:
         int index = 0;
         qint64 line = 0;
         qint64 column = 0;
-        std::vector<std::pair<QString, int>> counts; // children entered, by name
+        XmlSiblingCount counts; // children entered, by name
     };
     void push(const XmlElementBase* element, const QString& frameClass, const QString* name);
-    QString className(const XmlElementBase* element);
     void emitLine(const QString& text);
 
     QString m_rootName;
     std::vector<Frame> m_frames;
-    std::unordered_map<std::type_index, QString> m_classNames;
 };
 
 /// Records where each element read from a QXmlStreamReader starts, while it
@@ -127,7 +124,7 @@ private:
     QXmlStreamEntityResolver* m_previous;
     // Per element being read, its children so far by name; the first entry
     // counts the root.
-    std::vector<std::vector<std::pair<QString, int>>> m_counts;
+    std::vector<XmlSiblingCount> m_counts;
 };
 
 } // namespace KelXml

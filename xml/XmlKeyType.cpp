@@ -1,6 +1,7 @@
 #include "XmlKeyType.h"
 
 #include "XmlElementReader.h"
+#include "XmlWalk.h"
 
 namespace KelXml {
 
@@ -35,6 +36,11 @@ void XmlKeyType::reset()
 {
     m_key = 0;
     XmlElementBase::reset();
+}
+
+void XmlKeyType::describe(XmlWalker& walker, const QString&) const
+{
+    walker.value(XmlValue::integer(m_key));
 }
 
 } // namespace KelXml

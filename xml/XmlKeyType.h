@@ -20,6 +20,7 @@ public:
     void setKey(int key) { m_key = key; }
 
 protected:
+    void describe(XmlWalker& walker, const QString& elementName) const override;
     void checkContent(XmlChecks& checks) const override;
 
 private:

@@ -268,6 +268,49 @@ void XmlField::write(const XmlElementBase& owner, QXmlStreamWriter& writer) cons
     }
 }
 
+XmlValue XmlField::valueOf(const XmlElementBase& owner) const
+{
+    return m_typed ? m_typed(*this, owner) : XmlValue::text(m_format(*this, owner));
+}
+
+void XmlField::describe(const XmlElementBase& owner, XmlWalker& walker) const
+{
+    if (!m_written || !walker.wantsMore())
+        return;
+    switch (m_kind) {
+    case Child:
+        if (m_walkItems)
+            m_walkItems(*this, owner, walker);
+        else
+            walker.child(m_get(*this, owner), m_writeName);
+        break;
+    case Text:
+    case Characters:
+        walker.textElement(m_writeName, valueOf(owner));
+        break;
+    case Marker:
+        if (m_when && m_when(*this, owner)) {
+            walker.enter(m_writeName, QString(), nullptr);
+            walker.leave();
+        }
+        break;
+    case Wrapper:
+        if (m_when && !m_when(*this, owner))
+            break;
+        walker.enter(m_writeName, QString(), nullptr);
+        for (const XmlField& row : m_rows)
+            row.describe(owner, walker);
+        walker.leave();
+        break;
+    case Group:
+        for (const XmlField& alternative : m_rows)
+            alternative.describe(owner, walker);
+        break;
+    case Attribute:
+        break;
+    }
+}
+
 void XmlField::check(const XmlElementBase& owner, XmlChecks& checks) const
 {
     if (m_unchecked)
@@ -752,6 +795,19 @@ void XmlLayout::write(const XmlElementBase& owner, const XmlText& version, QXmlS
     for (const XmlField& field : m_fields)
         field.write(owner, writer);
     writer.writeEndElement();
+}
+
+void XmlLayout::describe(const XmlElementBase& owner, const XmlText& version,
+                         XmlWalker& walker) const
+{
+    if (m_version != NoVersion)
+        walker.attribute(XmlKit::versionAttribute, XmlValue::text(version.toString()));
+    for (const XmlField& attribute : m_attributes) {
+        if (attribute.m_written)
+            walker.attribute(attribute.m_writeName, attribute.valueOf(owner));
+    }
+    for (const XmlField& field : m_fields)
+        field.describe(owner, walker);
 }
 
 void XmlLayout::checkChildren(const XmlElementBase& owner, XmlChecks& checks) const

@@ -13,6 +13,7 @@
 
 #include "XmlElementReader.h"
 #include "XmlOwned.h"
+#include "XmlWalk.h"
 
 #include <QDateTime>
 #include <QStringList>
@@ -117,6 +118,10 @@ public:
         };
         field.m_clear = [](const XmlField& f, XmlElementBase& owner) {
             f.at<Owner, List>(owner).clear();
+        };
+        field.m_walkItems = [](const XmlField& f, const XmlElementBase& owner, XmlWalker& walker) {
+            for (const T* item : f.at<Owner, List>(owner).list())
+                walker.child(item, f.m_writeName);
         };
         field.m_holds = [](const XmlField& f, const XmlElementBase& owner,
                            const XmlElementBase& child) {
@@ -387,6 +392,8 @@ private:
     using Take = Outcome (*)(const XmlField&, XmlElementBase&, QStringView);
     using Format = QString (*)(const XmlField&, const XmlElementBase&);
     using When = bool (*)(const XmlField&, const XmlElementBase&);
+    using Typed = XmlValue (*)(const XmlField&, const XmlElementBase&);
+    using WalkItems = void (*)(const XmlField&, const XmlElementBase&, XmlWalker&);
 
     XmlField(const char* name, bool required, Kind kind);
 
@@ -402,6 +409,9 @@ private:
         };
         field.m_format = [](const XmlField& f, const XmlElementBase& owner) -> QString {
             return f.format(f.at<Owner, T>(owner));
+        };
+        field.m_typed = [](const XmlField& f, const XmlElementBase& owner) -> XmlValue {
+            return f.typed(f.at<Owner, T>(owner));
         };
         return field;
     }
@@ -424,6 +434,10 @@ private:
         field.m_format = [](const XmlField& f, const XmlElementBase& owner) -> QString {
             return f.formatEnumeration(int(f.at<Owner, E>(owner)));
         };
+        field.m_typed = [](const XmlField& f, const XmlElementBase& owner) -> XmlValue {
+            const int value = int(f.at<Owner, E>(owner));
+            return XmlValue::enumeration(value, f.formatEnumeration(value));
+        };
         return field;
     }
 
@@ -442,9 +456,22 @@ private:
     QString format(bool value) const;
     QString format(const QDateTime& value) const;
     QString formatEnumeration(int value) const;
+    // The typed values of the walk, by the value's type; their texts are
+    // those format() gives.
+    XmlValue typed(const QString& value) const { return XmlValue::text(value); }
+    XmlValue typed(const XmlText& value) const { return XmlValue::text(value.toString()); }
+    XmlValue typed(double value) const { return XmlValue::number(value, format(value)); }
+    XmlValue typed(int value) const { return XmlValue::integer(value); }
+    XmlValue typed(bool value) const { return XmlValue::boolean(value); }
+    XmlValue typed(const QDateTime& value) const { return XmlValue::dateTime(value); }
+    // The row's value for the walk: typed when the row knows its type, else
+    // the text it writes.
+    XmlValue valueOf(const XmlElementBase& owner) const;
 
     void write(const XmlElementBase& owner, QXmlStreamWriter& writer) const;
     void check(const XmlElementBase& owner, XmlChecks& checks) const;
+    // Hands the walker what write() writes, in the same order.
+    void describe(const XmlElementBase& owner, XmlWalker& walker) const;
     void checkGroup(const XmlElementBase& owner, XmlChecks& checks) const;
     const QString* nameOf(const XmlElementBase& owner, const XmlElementBase& child) const;
 
@@ -485,8 +512,10 @@ private:
     Take m_take = nullptr;
     Format m_format = nullptr;
     When m_when = nullptr;
-    QString m_message; // a refused text's message
-    QString m_missing; // the message when an attribute needed is absent or empty
+    Typed m_typed = nullptr;         // the value for the walk, when not the text
+    WalkItems m_walkItems = nullptr; // a list row: walks its members
+    QString m_message;               // a refused text's message
+    QString m_missing;               // the message when an attribute needed is absent or empty
     // A group: its alternatives, and the report when not exactly one is there.
     // Reading one alternative of a choice deletes the others. A wrapper: its rows.
     std::vector<XmlField> m_rows;
@@ -545,6 +574,11 @@ struct KELXML_EXPORT XmlAttribute
         field.m_format = [](const XmlField& f, const XmlElementBase& owner) -> QString {
             return f.format((static_cast<const Owner&>(owner).*
                              XmlField::unhold<const QDateTime& (Owner::*)() const>(f.m_extra))());
+        };
+        field.m_typed = [](const XmlField& f, const XmlElementBase& owner) -> XmlValue {
+            return XmlValue::dateTime(
+                (static_cast<const Owner&>(owner).*
+                 XmlField::unhold<const QDateTime& (Owner::*)() const>(f.m_extra))());
         };
         return refusedAsIllegal(field);
     }
@@ -629,6 +663,9 @@ public:
               const QString& elementName) const;
     void write(const XmlElementBase& owner, const XmlText& version, QXmlStreamWriter& writer,
                const QString& elementName) const;
+    // Hands the walker the version, the attributes and the children, in the
+    // order write() writes them.
+    void describe(const XmlElementBase& owner, const XmlText& version, XmlWalker& walker) const;
     // Every child's verdict or report, in table order.
     void checkChildren(const XmlElementBase& owner, XmlChecks& checks) const;
     // Resets the children held by value, deletes the others, empties lists.

@@ -2,6 +2,7 @@
 
 #include "XmlKit.h"
 #include "XmlLayout.h"
+#include "XmlWalk.h"
 
 namespace KelXml {
 
@@ -53,6 +54,14 @@ void XmlMapType::checkContent(XmlChecks& checks) const
     // Only a reset entry lacks its value.
     checks.expect(bool(m_value), QStringLiteral("No value: the entry has been reset"));
     checks.child(m_value.get());
+}
+
+void XmlMapType::describe(XmlWalker& walker, const QString&) const
+{
+    // As written: the length under both names, the key object not at all.
+    walker.attribute(XmlKit::versionAttribute, XmlValue::text(m_version));
+    walker.child(m_value.get(), keyElement);
+    walker.child(m_value.get(), valueElement);
 }
 
 } // namespace KelXml

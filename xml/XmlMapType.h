@@ -35,6 +35,7 @@ public:
     void setValue(const XmlLengthType& value) { m_value.assign(value); }
 
 protected:
+    void describe(XmlWalker& walker, const QString& elementName) const override;
     void checkContent(XmlChecks& checks) const override;
 
 private:

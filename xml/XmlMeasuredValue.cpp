@@ -3,6 +3,7 @@
 #include "XmlElementReader.h"
 #include "XmlKit.h"
 #include "XmlNumberText.h"
+#include "XmlWalk.h"
 
 namespace KelXml {
 
@@ -191,6 +192,26 @@ const XmlMeasuredValue::UnitFactor* XmlMeasuredValue::factorOf(const QString& un
             return &is.factors[i];
     }
     return nullptr;
+}
+
+void XmlMeasuredValue::describe(XmlWalker& walker, const QString&) const
+{
+    const Shape& is = ownShape();
+    double written = m_value;
+    if (is.factors) {
+        if (const UnitFactor* factor = factorOf(m_unit))
+            written *= factor->write;
+    }
+    walker.attribute(XmlKit::versionAttribute, XmlValue::text(m_version));
+    if (is.unitRule != NoUnit)
+        walker.attribute(XmlKit::unitAttribute, XmlValue::text(m_unit));
+    XmlValue typed =
+        is.number == Integer
+            ? XmlValue::integer(int(written))
+            : XmlValue::number(m_value, XmlKit::numberText(written, is.format, is.precision));
+    if (is.unitRule != NoUnit)
+        typed = typed.withUnit(m_unit);
+    walker.value(typed);
 }
 
 } // namespace KelXml

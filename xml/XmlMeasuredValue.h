@@ -134,6 +134,7 @@ public:
     void setVersion(const QString& version) { m_version = version; }
 
 protected:
+    void describe(XmlWalker& walker, const QString& elementName) const override;
     explicit XmlMeasuredValue(const Shape& shape);
 
     double value() const { return m_value; }

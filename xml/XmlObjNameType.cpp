@@ -1,6 +1,7 @@
 #include "XmlObjNameType.h"
 
 #include "XmlElementReader.h"
+#include "XmlWalk.h"
 
 namespace KelXml {
 
@@ -35,6 +36,11 @@ void XmlObjNameType::reset()
 {
     m_name.clear();
     XmlElementBase::reset();
+}
+
+void XmlObjNameType::describe(XmlWalker& walker, const QString&) const
+{
+    walker.value(XmlValue::text(m_name));
 }
 
 } // namespace KelXml

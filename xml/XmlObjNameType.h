@@ -20,6 +20,7 @@ public:
     void setObjName(const QString& name) { m_name = name; }
 
 protected:
+    void describe(XmlWalker& walker, const QString& elementName) const override;
     void checkContent(XmlChecks& checks) const override;
 
 private:

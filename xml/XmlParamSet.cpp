@@ -2,6 +2,7 @@
 
 #include "XmlElementReader.h"
 #include "XmlParams.h"
+#include "XmlWalk.h"
 
 namespace KelXml {
 
@@ -96,6 +97,25 @@ bool XmlParamSet::within(int field, double low, double high) const
 {
     const double v = m_values.at(field);
     return !has(field) || !(v < low || v > high);
+}
+
+void XmlParamSet::describe(XmlWalker& walker, const QString& elementName) const
+{
+    const std::vector<XmlParam>& fields = m_table->m_fields;
+    for (size_t i = 0; i < fields.size(); ++i) {
+        if (!has(int(i)))
+            continue;
+        const XmlParam& field = fields[i];
+        const double held = m_values.at(int(i));
+        XmlValue typed;
+        if (field.m_kind == XmlParam::Number)
+            typed = XmlValue::number(held, field.format(held));
+        else if (field.m_kind == XmlParam::Integer)
+            typed = XmlValue::integer(qint64(held));
+        else
+            typed = XmlValue::enumeration(int(held), field.format(held));
+        walker.textElement(field.m_writtenUnderSetName ? elementName : field.m_writeName, typed);
+    }
 }
 
 } // namespace KelXml

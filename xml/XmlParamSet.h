@@ -25,6 +25,7 @@ public:
     void reset() override;
 
 protected:
+    void describe(XmlWalker& walker, const QString& elementName) const override;
     explicit XmlParamSet(const XmlParamTable& table);
 
     double value(int field) const { return m_values.at(field); }

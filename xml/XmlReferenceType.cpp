@@ -1,6 +1,7 @@
 #include "XmlReferenceType.h"
 
 #include "XmlElementReader.h"
+#include "XmlWalk.h"
 
 namespace KelXml {
 
@@ -35,6 +36,11 @@ void XmlReferenceType::reset()
 {
     m_reference.clear();
     XmlElementBase::reset();
+}
+
+void XmlReferenceType::describe(XmlWalker& walker, const QString&) const
+{
+    walker.value(XmlValue::text(m_reference));
 }
 
 } // namespace KelXml

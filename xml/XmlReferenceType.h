@@ -21,6 +21,7 @@ public:
     void setReference(const QString& reference) { m_reference = reference; }
 
 protected:
+    void describe(XmlWalker& walker, const QString& elementName) const override;
     void checkContent(XmlChecks& checks) const override;
 
 private:

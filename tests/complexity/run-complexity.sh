@@ -2,7 +2,8 @@
 # run-complexity.sh VALGRIND SHAPES KELXML GROUP
 # For every shape of the group (kelxml_shapes list GROUP): the instructions the
 # library's round costs on the document with N units and with 8N units, and
-# the same for each tool command listed for the shape, run as a whole process.
+# the same for each tool command listed for the shape, run as a whole process
+# (diff against a copy of the document with one value changed).
 # Prints each count and ratio; fails when 8N costs more than 12 times N.
 #
 # KELXML_COMPLEXITY_SHAPES=name,name,... runs only those shapes of the group.
@@ -71,7 +72,21 @@ while read -r name class units tools about; do
         for tool in ${tools//,/ }; do
             counts=()
             for size in "$units" "$((growth * units))"; do
-                counts+=("$(count "$kelxml" "$tool" --as "$as" "$work/$size.xml")")
+                if [ "$tool" = diff ]; then
+                    # Against a copy with one value changed: the last digit
+                    # of the first longitude.
+                    perl -0pe 's{(<Longitude>[^<]*?)(\d)<}{$1 . (($2 + 1) % 10) . "<"}e' \
+                        "$work/$size.xml" >"$work/$size-changed.xml"
+                    counts+=("$(count "$kelxml" diff --as "$as" "$work/$size.xml" \
+                        "$work/$size-changed.xml")")
+                    if ! [ "$(wc -l <"$work/stdout")" = 1 ]; then
+                        echo "diff of $name ($size units) against one change: not one line"
+                        cat "$work/stdout"
+                        failed=1
+                    fi
+                else
+                    counts+=("$(count "$kelxml" "$tool" --as "$as" "$work/$size.xml")")
+                fi
             done
             report "$name ($tool)" "$small" "$large" "${counts[0]}" "${counts[1]}"
         done

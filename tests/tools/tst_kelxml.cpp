@@ -2,6 +2,8 @@
 // under examples/ is also checked by the "examples" test.
 
 #include <QDir>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -17,6 +19,14 @@ private:
         QString out;
         QString err;
     };
+
+    // Writes the bytes to the file, replacing what it held.
+    static bool writeFile(const QString& path, const QByteArray& bytes)
+    {
+        QFile file(path);
+        return file.open(QIODevice::WriteOnly | QIODevice::Truncate) &&
+               file.write(bytes) == bytes.size();
+    }
 
     static Run kelxml(const QStringList& arguments)
     {
@@ -40,7 +50,14 @@ private slots:
                                         << "--output takes text, json or github, not 'xml'.";
         QTest::newRow("output of another command")
             << QStringList{"format", "--output", "json", "a.xml"}
-            << "--output is an option of 'check' only.";
+            << "--output is an option of 'check' or 'diff' only.";
+        QTest::newRow("diff's output")
+            << QStringList{"diff", "--output", "github", "a.xml", "b.xml"}
+            << "diff's --output takes text or json, not 'github'.";
+        QTest::newRow("diff of one file")
+            << QStringList{"diff", "a.xml"} << "'diff' takes exactly two files.";
+        QTest::newRow("json of two files")
+            << QStringList{"json", "a.xml", "b.xml"} << "'json' takes exactly one file.";
         QTest::newRow("unknown class")
             << QStringList{"check", "--as", "XmlNoSuchType", "a.xml"}
             << "unknown element class 'XmlNoSuchType' (see '" KELXML_TOOL_NAME " classes').";
@@ -117,6 +134,15 @@ private slots:
             "                            --output json or github prints records for programs.\n"
             "  format [--as CLASS] FILE  Read the element and write it back to standard output\n"
             "                            in its canonical, indented form.\n"
+            "  json [--as CLASS] FILE    Write the typed content of the element as JSON: one\n"
+            "                            object per element (element, class, attributes,\n"
+            "                            value and unit, children) in writing order. A view\n"
+            "                            for programs; it is not read back.\n"
+            "  diff [--as scenario|command|CLASS] A B\n"
+            "                            Compare two documents of one kind object by object\n"
+            "                            (matched by kind and name, or a command's reference):\n"
+            "                            one line a difference. Exit 0 when none, 1 when some.\n"
+            "                            --output json prints one record a difference.\n"
             "  classes                   List the element classes (and aliases) known.\n"
             "  geojson [--as scenario|command|response] FILE [--scenario FILE] [-o OUT]\n"
             "                            Write the areas, stations, direction finders,\n"
@@ -141,8 +167,8 @@ private slots:
         QVERIFY2(run.out.contains(commands), qPrintable(run.out));
         QVERIFY2(
             run.out.contains(
-                "\n  command                      check, format, classes, geojson, svg, kml or\n"
-                "                               worldfile.\n"),
+                "\n  command                      check, format, json, diff, classes, geojson,\n"
+                "                               svg, kml or worldfile.\n"),
             qPrintable(run.out));
     }
 
@@ -483,6 +509,181 @@ private slots:
         QVERIFY2(refused.out.startsWith("::error file=") &&
                      refused.out.count(QLatin1String("::error")) == 1,
                  qPrintable(refused.out));
+    }
+
+    // diff of a sample against its own formatted form finds nothing, for every
+    // sample whose formatted form reads back.
+    void diffAgainstFormatted_data()
+    {
+        QTest::addColumn<QString>("className");
+        QTest::addColumn<QString>("file");
+        const QDir examples(QStringLiteral(KELXML_EXAMPLES));
+        for (const QString& folder : examples.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+            const QDir dir(examples.filePath(folder));
+            for (const QString& file : dir.entryList({"*.xml"}, QDir::Files)) {
+                if (folder != QLatin1String("maps") && !file.startsWith("unreadable"))
+                    QTest::newRow(qPrintable(folder + '/' + file)) << folder << dir.filePath(file);
+            }
+        }
+    }
+    void diffAgainstFormatted()
+    {
+        QFETCH(QString, className);
+        QFETCH(QString, file);
+        QTemporaryDir dir;
+        const QString formatted = dir.filePath("formatted.xml");
+        QProcess format;
+        format.setStandardOutputFile(formatted);
+        format.start(QStringLiteral(KELXML_TOOL), {"format", "--as", className, file});
+        QVERIFY(format.waitForFinished(20000));
+        if (kelxml({"check", "--as", className, formatted}).status == 2)
+            QSKIP("the formatted form does not read back");
+        const Run diff = kelxml({"diff", "--as", className, file, formatted});
+        QCOMPARE(diff.out, QString());
+        QCOMPARE(diff.status, 0);
+    }
+
+    // One value changed in one object: one line naming the object, old and
+    // new value as written, with the unit. Moving an object changes nothing.
+    void diffByObject_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<QString>("from");
+        QTest::addColumn<QString>("to");
+        QTest::addColumn<QStringList>("lines");
+        const QString harbour =
+            QStringLiteral(KELXML_EXAMPLES "/XmlKelBtType/valid-harbour-network.xml");
+        const QString calculations =
+            QStringLiteral(KELXML_EXAMPLES "/XmlCmdRoot/valid-six-calculations.xml");
+        QTest::newRow("threshold")
+            << harbour << "<RxThreshold version=\"1.0\" unit=\"dBm\">-115<"
+            << "<RxThreshold version=\"1.0\" unit=\"dBm\">-104<"
+            << QStringList{"Receiver \"Receiver East\": RxParameter/RxThreshold: "
+                           "-115.000000000000000 dBm -> -104.000000000000000 dBm"};
+        QTest::newRow("name in the wrong order is another object")
+            << harbour << "<Name>DF South</Name>"
+            << "<Name>DF Sud</Name>"
+            << QStringList{"DirectionFinder \"DF South\": removed",
+                           "DirectionFinder \"DF Sud\": added"};
+        QTest::newRow("vertex")
+            << harbour << "<Latitude>53.546000<"
+            << "<Latitude>53.547000<"
+            << QStringList{"AreaOfInterest \"Harbour basin\": AreaPolygon/Vertex[3]: version=1.0 "
+                           "number=2 Longitude=8.612000 Latitude=53.546000 -> version=1.0 "
+                           "number=2 Longitude=8.612000 Latitude=53.547000 (6 -> 6 vertices)"};
+        QTest::newRow("screenshot path")
+            << harbour << "harbour-network.png"
+            << "harbour.png"
+            << QStringList{"ScreenshotPath: /srv/planning/snapshots/harbour-network.png -> "
+                           "/srv/planning/snapshots/harbour.png"};
+        QTest::newRow("attribute")
+            << harbour << "<AntennaHeight version=\"1.0\" unit=\"m\">15<"
+            << "<AntennaHeight version=\"2.0\" unit=\"m\">15<"
+            << QStringList{
+                   "Receiver \"Receiver East\": RxParameter/AntennaHeight/@version: 1.0 -> 2.0"};
+        QTest::newRow("calculation by reference")
+            << calculations << "<Reference>calc-2</Reference>"
+            << "<Reference>calc-9</Reference>"
+            << QStringList{"Calculate \"calc-2\": removed", "Calculate \"calc-9\": added"};
+    }
+    void diffByObject()
+    {
+        QFETCH(QString, file);
+        QFETCH(QString, from);
+        QFETCH(QString, to);
+        QFETCH(QStringList, lines);
+        QFile original(file);
+        QVERIFY(original.open(QIODevice::ReadOnly));
+        QString text = QString::fromUtf8(original.readAll());
+        QCOMPARE(text.count(from), 1);
+        text.replace(from, to);
+        QTemporaryDir dir;
+        const QString edited = dir.filePath("edited.xml");
+        QVERIFY(writeFile(edited, text.toUtf8()));
+        const Run diff = kelxml({"diff", file, edited});
+        QCOMPARE(diff.out.split('\n', Qt::SkipEmptyParts), lines);
+        QCOMPARE(diff.status, 1);
+        QCOMPARE(diff.err, QString());
+    }
+
+    // The samples before and after an edit; reordered objects, a reordered
+    // command and a duplicated name.
+    void diffOfEditedScenario()
+    {
+        const QString before =
+            QStringLiteral(KELXML_EXAMPLES "/XmlKelBtType/valid-harbour-network.xml");
+        const QString after =
+            QStringLiteral(KELXML_EXAMPLES "/XmlKelBtType/valid-harbour-network-edited.xml");
+        const Run diff = kelxml({"diff", "--as", "scenario", before, after});
+        QCOMPARE(diff.status, 1);
+        QCOMPARE(diff.out,
+                 "Receiver \"Receiver East\": Position/Longitude: 8.668000 -> 8.671000\n"
+                 "Receiver \"Receiver East\": RxParameter/RxThreshold: -115.000000000000000 dBm "
+                 "-> -112.000000000000000 dBm\n"
+                 "DirectionFinder \"DF West\": removed\n");
+        const Run json = kelxml({"diff", "--output", "json", before, after});
+        QCOMPARE(json.status, 1);
+        const QStringList records = json.out.split('\n', Qt::SkipEmptyParts);
+        QCOMPARE(records.size(), 3);
+        const QJsonObject first = QJsonDocument::fromJson(records.first().toUtf8()).object();
+        QCOMPARE(first.value("object").toString(), "Receiver \"Receiver East\"");
+        QCOMPARE(first.value("kind").toString(), "Receiver");
+        QCOMPARE(first.value("name").toString(), "Receiver East");
+        QCOMPARE(first.value("change").toString(), "changed");
+        QCOMPARE(first.value("path").toString(), "Position/Longitude");
+        QCOMPARE(first.value("old").toString(), "8.668000");
+        QCOMPARE(first.value("new").toString(), "8.671000");
+        const QJsonObject last = QJsonDocument::fromJson(records.last().toUtf8()).object();
+        QCOMPARE(last.value("change").toString(), "removed");
+        QVERIFY(last.value("path").isNull());
+
+        // Calculations in another order: the same message.
+        QFile file(QStringLiteral(KELXML_EXAMPLES "/XmlCmdRoot/valid-six-calculations.xml"));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QString text = QString::fromUtf8(file.readAll());
+        const int firstCalculation = int(text.indexOf("  <Calculate>"));
+        const int secondCalculation = int(text.indexOf("  <Calculate>", firstCalculation + 1));
+        QString swapped = text;
+        swapped.remove(firstCalculation, secondCalculation - firstCalculation);
+        swapped.insert(int(swapped.indexOf("</Command>")),
+                       text.mid(firstCalculation, secondCalculation - firstCalculation));
+        QTemporaryDir dir;
+        const QString moved = dir.filePath("moved.xml");
+        QVERIFY(writeFile(moved, swapped.toUtf8()));
+        const Run same = kelxml({"diff", "--as", "command", file.fileName(), moved});
+        QCOMPARE(same.out, QString());
+        QCOMPARE(same.status, 0);
+
+        // A name given twice is reported, not paired.
+        QString twice = swapped;
+        twice.replace("<Reference>calc-3</Reference>", "<Reference>calc-1</Reference>");
+        QVERIFY(writeFile(moved, twice.toUtf8()));
+        const Run duplicate = kelxml({"diff", "--as", "command", file.fileName(), moved});
+        QCOMPARE(duplicate.out, "Calculate \"calc-1\": duplicate: 1 in the first file, 2 in the "
+                                "second; not compared\nCalculate \"calc-3\": removed\n");
+        QCOMPARE(duplicate.status, 1);
+
+        const Run unreadable = kelxml({"diff", file.fileName(), dir.filePath("missing.xml")});
+        QCOMPARE(unreadable.status, 2);
+        QVERIFY(unreadable.out.isEmpty());
+    }
+
+    // json: numbers with the written digits, a value JSON cannot hold as a
+    // number as the written text, the unit beside the value.
+    void jsonView()
+    {
+        QTemporaryDir dir;
+        const QString file = dir.filePath("level.xml");
+        QVERIFY(writeFile(file, "<RxThreshold version=\"1.0\" unit=\"dBm\">nan</RxThreshold>"));
+        const Run nan = kelxml({"json", "--as", "XmlFieldstrengthType", file});
+        QCOMPARE(nan.status, 0);
+        QCOMPARE(nan.out, "{\"element\":\"RxThreshold\",\"class\":\"XmlFieldstrengthType\","
+                          "\"attributes\":{\"version\":\"1.0\",\"unit\":\"dBm\"},\"value\":\"nan\","
+                          "\"unit\":\"dBm\",\"children\":[]}\n");
+        QVERIFY(writeFile(file, "<Frequency version=\"1.0\" unit=\"kHz\">1500</Frequency>"));
+        const Run number = kelxml({"json", "--as", "XmlFreqType", file});
+        QVERIFY2(number.out.contains("\"value\":1500.000000,\"unit\":\"kHz\""),
+                 qPrintable(number.out));
     }
 };
 

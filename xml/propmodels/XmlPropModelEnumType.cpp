@@ -2,6 +2,7 @@
 
 #include "XmlElementReader.h"
 #include "XmlEnumTexts.h"
+#include "XmlWalk.h"
 
 namespace KelXml {
 
@@ -51,6 +52,11 @@ void XmlPropModelEnumType::reset()
 {
     m_model = Undefined;
     XmlElementBase::reset();
+}
+
+void XmlPropModelEnumType::describe(XmlWalker& walker, const QString&) const
+{
+    walker.value(XmlValue::enumeration(m_model, modelTexts().text(m_model)));
 }
 
 } // namespace KelXml

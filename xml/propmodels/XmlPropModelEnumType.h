@@ -35,6 +35,7 @@ public:
     void setModel(Model model) { m_model = model; }
 
 protected:
+    void describe(XmlWalker& walker, const QString& elementName) const override;
     void checkContent(XmlChecks& checks) const override;
 
 private:

@@ -3,6 +3,7 @@
 #include "XmlDateTime.h"
 #include "XmlEnumTexts.h"
 #include "XmlLayout.h"
+#include "XmlWalk.h"
 
 namespace KelXml {
 
@@ -116,6 +117,24 @@ void XmlAutoRespType::reset()
     m_estimatedTime = QDateTime();
     m_status = StatusUndefined;
     XmlComposite::reset();
+}
+
+void XmlAutoRespType::describe(XmlWalker& walker, const QString&) const
+{
+    // What produceXml() writes: the error message, or the estimated time, or
+    // the rest.
+    walker.attribute(statusAttribute, XmlValue::enumeration(m_status, statusTexts.text(m_status)));
+    walker.child(&m_reference, referenceElement);
+    if (hasErrorMessage()) {
+        walker.textElement(errorMessageElement, XmlValue::text(m_errorMessage));
+    } else if (hasEstimatedTime()) {
+        walker.textElement(estimatedTimeElement, XmlValue::dateTime(m_estimatedTime));
+    } else {
+        if (hasKelVersion())
+            walker.textElement(kelVersionElement, XmlValue::text(m_kelVersion));
+        walker.child(m_gridResult.get(), gridResultElement);
+        walker.child(m_interlinkResult.get(), interlinkResultElement);
+    }
 }
 
 } // namespace KelXml

@@ -74,6 +74,7 @@ public:
     }
 
 protected:
+    void describe(XmlWalker& walker, const QString& elementName) const override;
     /// The report; the verdict is isValid()'s own.
     void checkContent(XmlChecks& checks) const override;
 

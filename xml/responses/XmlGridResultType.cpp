@@ -2,6 +2,7 @@
 
 #include "XmlElementReader.h"
 #include "XmlEnumTexts.h"
+#include "XmlWalk.h"
 
 namespace KelXml {
 
@@ -200,6 +201,20 @@ void XmlGridResultType::reset()
     m_bestSensor.reset();
     m_screenshotFilename.clear();
     XmlElementBase::reset();
+}
+
+void XmlGridResultType::describe(XmlWalker& walker, const QString&) const
+{
+    walker.attribute(typeAttribute, XmlValue::enumeration(m_type, typeTexts.text(m_type)));
+    for (int type = firstType; type <= lastType && walker.wantsMore(); ++type) {
+        const XmlElementBase* object = parameter(type);
+        if (!object)
+            continue;
+        walker.enter(wrapperNames.text(type), QString(), nullptr);
+        walker.child(object, parameterElement);
+        walker.textElement(screenshotElement, XmlValue::text(m_screenshotFilename));
+        walker.leave();
+    }
 }
 
 } // namespace KelXml

@@ -1,6 +1,7 @@
 #include "XmlInterlinkResultType.h"
 
 #include "XmlElementReader.h"
+#include "XmlWalk.h"
 
 namespace KelXml {
 
@@ -90,6 +91,18 @@ void XmlInterlinkResultType::reset()
     m_resultText.clear();
     m_screenshotFilename.clear();
     XmlElementBase::reset();
+}
+
+void XmlInterlinkResultType::describe(XmlWalker& walker, const QString&) const
+{
+    walker.child(&m_parameters, parametersElement);
+    if (!walker.wantsMore())
+        return;
+    walker.enter(resultElement, QString(), nullptr);
+    walker.textElement(textElement, XmlValue::text(m_resultText));
+    if (hasScreenshotFilename())
+        walker.textElement(screenshotElement, XmlValue::text(m_screenshotFilename));
+    walker.leave();
 }
 
 } // namespace KelXml

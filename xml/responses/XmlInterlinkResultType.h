@@ -34,6 +34,7 @@ public:
     void setScreenshotFilename(const QString& filename) { m_screenshotFilename = filename; }
 
 protected:
+    void describe(XmlWalker& walker, const QString& elementName) const override;
     void checkContent(XmlChecks& checks) const override;
 
 private:

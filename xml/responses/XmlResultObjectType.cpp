@@ -1,6 +1,7 @@
 #include "XmlResultObjectType.h"
 
 #include "XmlElementReader.h"
+#include "XmlWalk.h"
 
 namespace KelXml {
 
@@ -96,6 +97,14 @@ void XmlResultObjectType::reset()
     m_rx.reset();
     m_df.reset();
     XmlElementBase::reset();
+}
+
+void XmlResultObjectType::describe(XmlWalker& walker, const QString&) const
+{
+    walker.child(m_station.get(), stationElement);
+    walker.child(m_emitter.get(), emitterElement);
+    walker.child(m_rx.get(), receiverElement);
+    walker.child(m_df.get(), dfElement);
 }
 
 } // namespace KelXml

@@ -43,6 +43,7 @@ public:
     void setDf(const XmlDfType& df) { m_df.assign(df); }
 
 protected:
+    void describe(XmlWalker& walker, const QString& elementName) const override;
     void checkContent(XmlChecks& checks) const override;
 
 private:

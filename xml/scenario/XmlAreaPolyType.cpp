@@ -2,6 +2,7 @@
 
 #include "XmlElementReader.h"
 #include "XmlKit.h"
+#include "XmlWalk.h"
 
 #include <algorithm>
 #include <memory>
@@ -164,6 +165,13 @@ void XmlAreaPolyType::deleteVertices()
     const QVector<XmlNumCoordType*> vertices = std::exchange(m_vertices, {});
     for (XmlNumCoordType* vertex : vertices)
         delete vertex;
+}
+
+void XmlAreaPolyType::describe(XmlWalker& walker, const QString&) const
+{
+    walker.attribute(XmlKit::versionAttribute, XmlValue::text(m_version));
+    for (const XmlNumCoordType* vertex : m_vertices)
+        walker.child(vertex, vertexElement);
 }
 
 } // namespace KelXml

@@ -39,6 +39,7 @@ public:
     void setVersion(const QString& version) { m_version = version; }
 
 protected:
+    void describe(XmlWalker& walker, const QString& elementName) const override;
     void checkContent(XmlChecks& checks) const override;
 
 private:
