@@ -134,9 +134,9 @@ private:
 /// attributes, values and children, in order, as walk() shows them (the
 /// accumulated report and the recorded positions do not count). A NaN equals
 /// another NaN, and a date-time equals another only when the instant and the
-/// way it is written (time spec, offset) agree: see XmlValue. Equal trees
-/// write the same bytes; values that differ beyond the written precision are
-/// unequal though they write the same text.
+/// way it is written (UTC, local or an offset from UTC) agree: see XmlValue.
+/// Equal trees write the same bytes; values that differ beyond the written
+/// precision are unequal though they write the same text.
 /// \relates XmlElementBase
 KELXML_EXPORT bool operator==(const XmlElementBase& a, const XmlElementBase& b);
 /// \relates XmlElementBase

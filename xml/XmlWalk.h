@@ -22,9 +22,9 @@ class XmlElementBase;
 ///   written back, so a tree holding one must equal its copy), and 0 differs
 ///   from -0, which is written "-0";
 /// - a date-time equals another only when both the instant and the way it is
-///   written agree: its time spec and offset from UTC (and its time zone),
-///   so that equal values write the same text. Two invalid date-times are
-///   equal.
+///   written agree: whether it is UTC, local or at an offset, the offset
+///   from UTC (and its time zone), so that equal values write the same text.
+///   Two invalid date-times are equal.
 /// An enumeration compares the value held (every value outside its texts is
 /// written alike); a text compares exactly, letter case and spaces included.
 /// \ingroup framework
